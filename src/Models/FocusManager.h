@@ -1,0 +1,123 @@
+#pragma once
+
+#include "Models/FocusPreset.h"
+#include "Models/FocusSession.h"
+#include "Platform/Interfaces/BlockAlert.h"
+#include "Platform/Interfaces/BrowserChannel.h"
+#include "Platform/Interfaces/BundleInfo.h"
+#include "Platform/Interfaces/Clock.h"
+#include "Platform/Interfaces/HapticPerformer.h"
+#include "Platform/Interfaces/NotificationCenter.h"
+#include "Platform/Interfaces/Preferences.h"
+#include "Platform/Interfaces/TimerService.h"
+#include "Platform/Interfaces/Workspace.h"
+#include "Services/AppBlockerService.h"
+#include "Services/WebsiteBlockerService.h"
+#include "Sound/InterfaceSound.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tolvar {
+
+/// The engine of focus sessions: starts, pauses, extends, ends and files the one current session,
+/// drives the blockers, and keeps sessions, presets and history in the preferences.
+///
+/// Operations that do not apply (no session, no pauses left, ...) do nothing and write nothing.
+class FocusManager final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the engine needs from the desktop and from this program; all outlive the manager.
+    struct Environment {
+        Preferences& preferences;
+        Clock& clock;
+        TimerService& timers;
+        Workspace& workspace;
+        BrowserChannel& browsers;
+        BlockAlert& alert;
+        NotificationCenter& notifications;
+        HapticPerformer& haptics;
+        InterfaceSound& sound;
+        BundleInfo bundle;
+        /// Ours: never hidden.
+        qint64 processIdentifier = 0;
+    };
+
+    /// Asks for permission to notify (when the bundle has an identifier) and loads the saved data.
+    /// A session that was running is taken up again, with its blocks unless it is paused; its
+    /// first tick, one second later, ends it if its time ran out meanwhile. Where no session
+    /// blocks, windows that an earlier run left hidden are shown.
+    explicit FocusManager(const Environment& environment, QObject* parent = nullptr);
+    ~FocusManager() override;
+
+    /// The session now running or paused.
+    const std::optional<FocusSession>& currentSession() const { return m_currentSession; }
+    /// Oldest first.
+    const std::vector<FocusPreset>& savedPresets() const { return m_savedPresets; }
+    /// Ended sessions in the order they ended, oldest first.
+    const std::vector<FocusSession>& sessionHistory() const { return m_sessionHistory; }
+    const Clock& clock() const { return m_environment.clock; }
+
+    /// Starts the session now and makes it the current one. A session that is already running is
+    /// replaced without being filed: offer this only when there is none.
+    void startSession(FocusSession session);
+    /// At most `FocusSession::maximumPauseCount` times per session. Blocks are lifted meanwhile.
+    void pauseSession();
+    void resumeSession();
+    /// Ends the session and files it: completed when no time remains, else ended early.
+    void stopSession();
+    /// Lengthens the session, paused or not.
+    void extendSession(Seconds seconds);
+
+    /// Appends a preset of the session's plan, unless one was saved from it already.
+    void savePreset(const FocusSession& session);
+    bool isSessionSaved(const FocusSession& session) const;
+    /// Removes the preset and every other one saved from the same session.
+    void deletePreset(const FocusPreset& preset);
+    /// How many presets use the category.
+    int presetCount(const QString& categoryId) const;
+    void deleteSession(const FocusSession& session);
+    void clearHistory();
+
+Q_SIGNALS:
+    /// Something that observers show may have changed: emitted after every change of a published
+    /// value and once a second while a session is current.
+    void changed();
+    void currentSessionChanged();
+    void savedPresetsChanged();
+    void sessionHistoryChanged();
+
+private:
+    void performHapticTick();
+    void setCurrentSession(std::optional<FocusSession> session);
+    void applyBlocks(const FocusSession& session);
+    void removeBlocks();
+    void startTimer();
+    void updateSession();
+
+    void saveCurrentSession();
+    void savePresets();
+    void saveHistory();
+    void loadSavedData();
+    void loadCurrentSession();
+    void loadPresets();
+    void loadHistory();
+
+    void requestNotificationPermission();
+    void showCompletionNotification(const FocusSession& session);
+    NotificationSound completionNotificationSound() const;
+
+    Environment m_environment;
+    std::optional<FocusSession> m_currentSession;
+    std::vector<FocusPreset> m_savedPresets;
+    std::vector<FocusSession> m_sessionHistory;
+    std::unique_ptr<Timer> m_timer;
+    AppBlockerService m_appBlocker;
+    WebsiteBlockerService m_websiteBlocker;
+};
+
+} // namespace tolvar

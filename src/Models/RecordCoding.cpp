@@ -1,0 +1,3 @@
+#include "Models/RecordCoding.h"
+
+namespace tolvar {} // namespace tolvar

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Models/FocusPreset.h"
+#include "Models/FocusSession.h"
+
+#include <QByteArray>
+
+#include <optional>
+#include <vector>
+
+/// The stored form of the records: UTF-8 JSON documents (RFC 8259).
+///
+/// Dates are numbers of seconds since 2001-01-01 UTC, UUIDs upper-case text with hyphens, absent
+/// optional fields are left out. Encoding gives nothing when a number is not finite. Decoding is
+/// strict: a required key that is missing, a value of the wrong type or out of range, or a
+/// document that is not JSON, fails the whole document.
+namespace tolvar::RecordCoding {
+
+std::optional<QByteArray> encode(const FocusSession& session);
+std::optional<QByteArray> encode(const std::vector<FocusSession>& sessions);
+std::optional<QByteArray> encode(const std::vector<FocusPreset>& presets);
+std::optional<QByteArray> encode(const std::vector<BlockCategory>& categories);
+
+std::optional<FocusSession> decodeSession(const QByteArray& json);
+std::optional<std::vector<FocusSession>> decodeSessions(const QByteArray& json);
+std::optional<std::vector<FocusPreset>> decodePresets(const QByteArray& json);
+/// A category may also be a bare string; see `BlockCategory::fromBareName`.
+std::optional<std::vector<BlockCategory>> decodeCategories(const QByteArray& json);
+
+} // namespace tolvar::RecordCoding
