@@ -1,6 +1,7 @@
 #include "Models/RecordCoding.h"
 #include "Models/RecordFields.h"
 
+#include <QStringConverter>
 #include <QUtf8StringView>
 
 #include <rapidjson/reader.h>
@@ -9,6 +10,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <string_view>
 #include <system_error>
@@ -47,12 +49,15 @@ public:
         if (isNew) {
             if (!isValidText(utf8))
                 return std::nullopt;
-            found->second = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+            found->second = m_decoder.decode({utf8.data(), static_cast<qsizetype>(utf8.size())});
         }
         return found->second;
     }
 
 private:
+    using Flag = QStringDecoder::Flag;
+    /// A byte order mark at the beginning of a text belongs to it.
+    QStringDecoder m_decoder{QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom};
     std::unordered_map<std::string_view, QString> m_texts;
 };
 
@@ -185,6 +190,14 @@ bool assignAbsent(T&) {
     return false;
 }
 
+/// A new element of the list, of which every field is still to be read.
+template<typename T>
+T& appended(std::vector<T>& list) {
+    // Copied, because a new record draws a fresh identifier.
+    static const T blank{};
+    return list.emplace_back(blank);
+}
+
 /// Builds records from what the parser meets. Each function is false when the document must be
 /// given up.
 class RecordReader : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, RecordReader> {
@@ -227,8 +240,11 @@ private:
     bool enterField(R& record, std::string_view key);
     template<Record R>
     bool finish(R& record);
+    void takeItems(std::vector<QString>& list);
 
     std::vector<Container> m_open;
+    /// The items of the list of texts that is being read, so that it can be made in one piece.
+    std::vector<QString> m_items;
     /// Where the value of the current key belongs; at first, the whole document.
     Target m_field;
     /// How many objects and arrays around the parser belong nowhere.
@@ -269,8 +285,10 @@ Target RecordReader::nextTarget() {
     if (m_open.empty())
         return m_field;
     const auto next = [this]<typename T>(T* container) -> Target {
-        if constexpr (isList<T>)
-            return &container->emplace_back();
+        if constexpr (std::is_same_v<T, std::vector<QString>>)
+            return &m_items.emplace_back();
+        else if constexpr (isList<T>)
+            return &appended(*container);
         else
             return m_field;
     };
@@ -300,8 +318,9 @@ bool RecordReader::close() {
     const auto end = [this]<typename T>(T* container) {
         if constexpr (Record<T>)
             return finish(*container);
-        else
-            return true;
+        if constexpr (std::is_same_v<T, std::vector<QString>>)
+            takeItems(*container);
+        return true;
     };
     const bool complete = std::visit(end, m_open.back().target);
     m_open.pop_back();
@@ -337,11 +356,15 @@ bool RecordReader::finish(R& record) {
     return true;
 }
 
+void RecordReader::takeItems(std::vector<QString>& list) {
+    list.assign(std::make_move_iterator(m_items.begin()), std::make_move_iterator(m_items.end()));
+    m_items.clear();
+}
+
 template<typename T>
-std::optional<T> decoded(const QByteArray& json) {
+std::optional<T> decoded(QByteArray json) {
     // The parser writes the unescaped texts over the document.
-    QByteArray document = json;
-    rapidjson::InsituStringStream stream(document.data());
+    rapidjson::InsituStringStream stream(json.data());
     T value;
     RecordReader records(&value);
     rapidjson::Reader parser;
@@ -349,26 +372,26 @@ std::optional<T> decoded(const QByteArray& json) {
                                rapidjson::kParseNumbersAsStringsFlag;
     const auto result = parser.Parse<flags>(stream, records);
     // A NUL ends the document for the parser, but not for us.
-    const bool isWhole = stream.Tell() == static_cast<std::size_t>(document.size());
+    const bool isWhole = stream.Tell() == static_cast<std::size_t>(json.size());
     return !result.IsError() && isWhole ? std::optional(std::move(value)) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<FocusSession> decodeSession(const QByteArray& json) {
-    return decoded<FocusSession>(json);
+std::optional<FocusSession> decodeSession(QByteArray json) {
+    return decoded<FocusSession>(std::move(json));
 }
 
-std::optional<std::vector<FocusSession>> decodeSessions(const QByteArray& json) {
-    return decoded<std::vector<FocusSession>>(json);
+std::optional<std::vector<FocusSession>> decodeSessions(QByteArray json) {
+    return decoded<std::vector<FocusSession>>(std::move(json));
 }
 
-std::optional<std::vector<FocusPreset>> decodePresets(const QByteArray& json) {
-    return decoded<std::vector<FocusPreset>>(json);
+std::optional<std::vector<FocusPreset>> decodePresets(QByteArray json) {
+    return decoded<std::vector<FocusPreset>>(std::move(json));
 }
 
-std::optional<std::vector<BlockCategory>> decodeCategories(const QByteArray& json) {
-    return decoded<std::vector<BlockCategory>>(json);
+std::optional<std::vector<BlockCategory>> decodeCategories(QByteArray json) {
+    return decoded<std::vector<BlockCategory>>(std::move(json));
 }
 
 } // namespace tolvar::RecordCoding
