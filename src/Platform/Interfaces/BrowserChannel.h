@@ -19,7 +19,7 @@ struct ActiveTab {
     QString url;
 
     bool operator==(const ActiveTab&) const = default;
-    auto operator<=>(const ActiveTab&) const = default;
+    std::weak_ordering operator<=>(const ActiveTab&) const = default;
 };
 
 /// The way to the browsers people use.
