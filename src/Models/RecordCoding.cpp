@@ -1,3 +1,0 @@
-#include "Models/RecordCoding.h"
-
-namespace tolvar {} // namespace tolvar
