@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <string_view>
 #include <system_error>
@@ -185,6 +186,14 @@ bool assignAbsent(T&) {
     return false;
 }
 
+/// A new element of the list, of which every field is still to be read.
+template<typename T>
+T& appended(std::vector<T>& list) {
+    // Copied, because a new record draws a fresh identifier.
+    static const T blank{};
+    return list.emplace_back(blank);
+}
+
 /// Builds records from what the parser meets. Each function is false when the document must be
 /// given up.
 class RecordReader : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, RecordReader> {
@@ -227,8 +236,11 @@ private:
     bool enterField(R& record, std::string_view key);
     template<Record R>
     bool finish(R& record);
+    void takeItems(std::vector<QString>& list);
 
     std::vector<Container> m_open;
+    /// The items of the list of texts that is being read, so that it can be made in one piece.
+    std::vector<QString> m_items;
     /// Where the value of the current key belongs; at first, the whole document.
     Target m_field;
     /// How many objects and arrays around the parser belong nowhere.
@@ -269,8 +281,10 @@ Target RecordReader::nextTarget() {
     if (m_open.empty())
         return m_field;
     const auto next = [this]<typename T>(T* container) -> Target {
-        if constexpr (isList<T>)
-            return &container->emplace_back();
+        if constexpr (std::is_same_v<T, std::vector<QString>>)
+            return &m_items.emplace_back();
+        else if constexpr (isList<T>)
+            return &appended(*container);
         else
             return m_field;
     };
@@ -300,8 +314,9 @@ bool RecordReader::close() {
     const auto end = [this]<typename T>(T* container) {
         if constexpr (Record<T>)
             return finish(*container);
-        else
-            return true;
+        if constexpr (std::is_same_v<T, std::vector<QString>>)
+            takeItems(*container);
+        return true;
     };
     const bool complete = std::visit(end, m_open.back().target);
     m_open.pop_back();
@@ -335,6 +350,11 @@ bool RecordReader::finish(R& record) {
         if ((m_open.back().metFields >> index & 1u) == 0 && !std::visit(clear, all[index].member))
             return false;
     return true;
+}
+
+void RecordReader::takeItems(std::vector<QString>& list) {
+    list.assign(std::make_move_iterator(m_items.begin()), std::make_move_iterator(m_items.end()));
+    m_items.clear();
 }
 
 template<typename T>
