@@ -1,5 +1,7 @@
 #include "App/Client/DurationArgument.h"
 
+#include "App/Protocol/RemoteLimits.h"
+
 #include <QRegularExpression>
 
 namespace tolvar {
@@ -23,7 +25,7 @@ std::optional<Seconds> parseDuration(const QString& text) {
         return match.captured(group).toDouble() * unit;
     };
     const Seconds total = seconds(1, 3600) + seconds(2, 60) + seconds(3, 1) + seconds(4, 1);
-    if (total <= 0 || total > maximumDurationArgument)
+    if (total <= 0 || total > RemoteLimits::maximumDuration)
         return std::nullopt;
     return total;
 }

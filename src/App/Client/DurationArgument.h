@@ -8,12 +8,9 @@
 
 namespace tolvar {
 
-/// The longest length that is taken: a year, far more than any session needs.
-inline constexpr Seconds maximumDurationArgument = 366.0 * 24 * 3600;
-
 /// Reads a length of time as people type it: "25m", "1h30m", "90s", "1h 30m", or bare seconds
 /// ("1500"). Units come in the order h, m, s, each at most once; the numbers are whole. Nothing
-/// for anything else, for zero and for more than `maximumDurationArgument`.
+/// for anything else, for zero and for more than `RemoteLimits::maximumDuration`.
 std::optional<Seconds> parseDuration(const QString& text);
 
 } // namespace tolvar

@@ -12,7 +12,7 @@ namespace {
 
 using Kind = RemoteError::Kind;
 
-constexpr std::array<std::pair<Kind, const char*>, 12> errorNames = {{
+constexpr std::array<std::pair<Kind, const char*>, 13> errorNames = {{
     {Kind::noSession, "NoSession"},
     {Kind::sessionRunning, "SessionRunning"},
     {Kind::alreadyPaused, "AlreadyPaused"},
@@ -23,6 +23,7 @@ constexpr std::array<std::pair<Kind, const char*>, 12> errorNames = {{
     {Kind::unknownCategory, "UnknownCategory"},
     {Kind::unknownPreset, "UnknownPreset"},
     {Kind::ambiguousName, "AmbiguousName"},
+    {Kind::invalidApplication, "InvalidApplication"},
     {Kind::invalidWebsite, "InvalidWebsite"},
     {Kind::unknownSession, "UnknownSession"},
 }};

@@ -19,6 +19,7 @@ struct RemoteError {
         unknownCategory,
         unknownPreset,
         ambiguousName,
+        invalidApplication,
         invalidWebsite,
         unknownSession,
     };
