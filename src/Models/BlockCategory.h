@@ -14,7 +14,7 @@ struct BlockCategory {
     QString name;
     /// Application display names.
     std::vector<QString> apps;
-    /// Normalised hosts (see `WebsiteBlockerService::normalizeDomain`), in insertion order.
+    /// Normalised hosts (see `normalizedHost`), in insertion order.
     std::vector<QString> websites;
 
     /// The six built-in categories, in their display order.

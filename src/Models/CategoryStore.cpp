@@ -1,9 +1,9 @@
 #include "Models/CategoryStore.h"
 
+#include "Extensions/HostNames.h"
 #include "Extensions/TextOrder.h"
 #include "Models/RecordCoding.h"
 #include "Platform/Interfaces/Preferences.h"
-#include "Services/WebsiteBlockerService.h"
 
 #include <QUuid>
 
@@ -107,7 +107,7 @@ void CategoryStore::removeApp(const QString& app, const QString& id) {
 }
 
 bool CategoryStore::addWebsite(const QString& site, const QString& id) {
-    const auto host = WebsiteBlockerService::normalizeDomain(site);
+    const auto host = normalizedHost(site);
     auto* category = find(id);
     if (!isWebsite(host) || category == nullptr || contains(category->websites, host))
         return false;

@@ -1,6 +1,7 @@
 #include "Models/RecordCoding.h"
 #include "Models/RecordFields.h"
 
+#include <QStringConverter>
 #include <QUtf8StringView>
 
 #include <rapidjson/reader.h>
@@ -48,12 +49,15 @@ public:
         if (isNew) {
             if (!isValidText(utf8))
                 return std::nullopt;
-            found->second = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+            found->second = m_decoder.decode({utf8.data(), static_cast<qsizetype>(utf8.size())});
         }
         return found->second;
     }
 
 private:
+    using Flag = QStringDecoder::Flag;
+    /// A byte order mark at the beginning of a text belongs to it.
+    QStringDecoder m_decoder{QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom};
     std::unordered_map<std::string_view, QString> m_texts;
 };
 
@@ -358,10 +362,9 @@ void RecordReader::takeItems(std::vector<QString>& list) {
 }
 
 template<typename T>
-std::optional<T> decoded(const QByteArray& json) {
+std::optional<T> decoded(QByteArray json) {
     // The parser writes the unescaped texts over the document.
-    QByteArray document = json;
-    rapidjson::InsituStringStream stream(document.data());
+    rapidjson::InsituStringStream stream(json.data());
     T value;
     RecordReader records(&value);
     rapidjson::Reader parser;
@@ -369,26 +372,26 @@ std::optional<T> decoded(const QByteArray& json) {
                                rapidjson::kParseNumbersAsStringsFlag;
     const auto result = parser.Parse<flags>(stream, records);
     // A NUL ends the document for the parser, but not for us.
-    const bool isWhole = stream.Tell() == static_cast<std::size_t>(document.size());
+    const bool isWhole = stream.Tell() == static_cast<std::size_t>(json.size());
     return !result.IsError() && isWhole ? std::optional(std::move(value)) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<FocusSession> decodeSession(const QByteArray& json) {
-    return decoded<FocusSession>(json);
+std::optional<FocusSession> decodeSession(QByteArray json) {
+    return decoded<FocusSession>(std::move(json));
 }
 
-std::optional<std::vector<FocusSession>> decodeSessions(const QByteArray& json) {
-    return decoded<std::vector<FocusSession>>(json);
+std::optional<std::vector<FocusSession>> decodeSessions(QByteArray json) {
+    return decoded<std::vector<FocusSession>>(std::move(json));
 }
 
-std::optional<std::vector<FocusPreset>> decodePresets(const QByteArray& json) {
-    return decoded<std::vector<FocusPreset>>(json);
+std::optional<std::vector<FocusPreset>> decodePresets(QByteArray json) {
+    return decoded<std::vector<FocusPreset>>(std::move(json));
 }
 
-std::optional<std::vector<BlockCategory>> decodeCategories(const QByteArray& json) {
-    return decoded<std::vector<BlockCategory>>(json);
+std::optional<std::vector<BlockCategory>> decodeCategories(QByteArray json) {
+    return decoded<std::vector<BlockCategory>>(std::move(json));
 }
 
 } // namespace tolvar::RecordCoding

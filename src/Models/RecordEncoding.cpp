@@ -13,25 +13,23 @@ namespace {
 /// Writes values as JSON. Each function is false when there is no JSON for the value.
 class RecordWriter {
 public:
+    bool write(bool value) { return m_writer.Bool(value); }
+    bool write(int value) { return m_writer.Int(value); }
+    bool write(Seconds value) { return m_writer.Double(value); }
+    bool write(Date value) { return m_writer.Double(value.sinceReference); }
+    bool write(const QString& value);
+    bool write(const QUuid& value);
+    bool write(SessionOutcome value);
     template<typename T>
-    bool write(const T& value);
-    QByteArray takeJson() const {
+    bool write(const std::vector<T>& list);
+    template<Record R>
+    bool write(const R& record);
+
+    QByteArray json() const {
         return {m_buffer.GetString(), static_cast<qsizetype>(m_buffer.GetSize())};
     }
 
 private:
-    bool writeValue(bool value) { return m_writer.Bool(value); }
-    bool writeValue(int value) { return m_writer.Int(value); }
-    bool writeValue(Seconds value) { return m_writer.Double(value); }
-    bool writeValue(Date value) { return m_writer.Double(value.sinceReference); }
-    bool writeValue(const QString& value);
-    bool writeValue(const QUuid& value);
-    bool writeValue(SessionOutcome value);
-    template<typename T>
-    bool writeValue(const std::vector<T>& list);
-    template<Record R>
-    bool writeValue(const R& record);
-
     template<typename T>
     bool writeField(std::string_view key, const T& value);
     template<typename T>
@@ -48,23 +46,19 @@ private:
     QByteArray m_text;
 };
 
-template<typename T>
-bool RecordWriter::write(const T& value) {
-    return writeValue(value);
-}
-
-bool RecordWriter::writeValue(const QString& value) {
-    m_text.resize(std::max(m_text.size(), m_toUtf8.requiredSpace(value.size())));
+bool RecordWriter::write(const QString& value) {
+    if (const auto space = m_toUtf8.requiredSpace(value.size()); space > m_text.size())
+        m_text.resize(space);
     const char* end = m_toUtf8.appendToBuffer(m_text.data(), value);
     return writeText({m_text.constData(), end});
 }
 
-bool RecordWriter::writeValue(const QUuid& value) {
+bool RecordWriter::write(const QUuid& value) {
     const auto text = value.toByteArray(QUuid::WithoutBraces).toUpper();
     return writeText({text.constData(), static_cast<std::size_t>(text.size())});
 }
 
-bool RecordWriter::writeValue(SessionOutcome value) {
+bool RecordWriter::write(SessionOutcome value) {
     for (const auto& [text, outcome] : outcomes)
         if (outcome == value)
             return writeText(text);
@@ -72,16 +66,16 @@ bool RecordWriter::writeValue(SessionOutcome value) {
 }
 
 template<typename T>
-bool RecordWriter::writeValue(const std::vector<T>& list) {
+bool RecordWriter::write(const std::vector<T>& list) {
     m_writer.StartArray();
     for (const auto& item : list)
-        if (!writeValue(item))
+        if (!write(item))
             return false;
     return m_writer.EndArray();
 }
 
 template<Record R>
-bool RecordWriter::writeValue(const R& record) {
+bool RecordWriter::write(const R& record) {
     m_writer.StartObject();
     for (const auto& field : Fields<R>::all) {
         const auto writeMember = [&](auto member) { return writeField(field.key, record.*member); };
@@ -94,13 +88,13 @@ bool RecordWriter::writeValue(const R& record) {
 template<typename T>
 bool RecordWriter::writeField(std::string_view key, const T& value) {
     m_writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
-    return writeValue(value);
+    return write(value);
 }
 
 template<typename T>
 std::optional<QByteArray> encoded(const T& value) {
     RecordWriter writer;
-    return writer.write(value) ? std::optional(writer.takeJson()) : std::nullopt;
+    return writer.write(value) ? std::optional(writer.json()) : std::nullopt;
 }
 
 } // namespace

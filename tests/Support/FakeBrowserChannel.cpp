@@ -53,11 +53,14 @@ void FakeBrowserChannel::redirect(const std::vector<ActiveTab>& tabs, const QStr
 }
 
 Subscription FakeBrowserChannel::observeChanges(std::function<void()> changed) {
+    m_journal.record(u"watch tabs"_s);
     const int id = m_nextId++;
     m_observers->emplace(id, std::move(changed));
-    return Subscription([observers = std::weak_ptr(m_observers), id] {
-        if (const auto alive = observers.lock())
+    return Subscription([this, observers = std::weak_ptr(m_observers), id] {
+        if (const auto alive = observers.lock()) {
             alive->erase(id);
+            m_journal.record(u"unwatch tabs"_s);
+        }
     });
 }
 

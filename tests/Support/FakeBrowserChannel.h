@@ -9,7 +9,8 @@
 namespace tolvar::test {
 
 /// Browsers with windows that each show one tab, played by the test. Browsers are asked in the
-/// order they were first named. Journal lines: "read BROWSER", "redirect BROWSER: TAB, TAB".
+/// order they were first named. Journal lines: "watch tabs", "unwatch tabs", "read BROWSER",
+/// "redirect BROWSER: TAB, TAB".
 class FakeBrowserChannel final : public BrowserChannel {
 public:
     explicit FakeBrowserChannel(Journal& journal)

@@ -34,6 +34,18 @@ struct FakeDesk {
 
     FakeDesk() { preferences.registerDefaults(AppSettings::defaults()); }
 
+    /// The program is killed: nothing it does from now on, up to the destruction of its objects,
+    /// has an effect that lasts.
+    void killProgram() {
+        workspace.killProgram();
+        preferences.killProgram();
+    }
+    /// A fresh run may begin; the killed one's objects are gone.
+    void restartProgram() {
+        workspace.restartProgram();
+        preferences.restartProgram();
+    }
+
     FocusManager::Environment environment() {
         return {.preferences = preferences,
                 .clock = clock,

@@ -80,11 +80,9 @@ bool FakeWorkspace::isHiddenByProgram(const ApplicationHandle& handle) const {
     return std::find(windows.begin(), windows.end(), Window::hiddenByProgram) != windows.end();
 }
 
-void FakeWorkspace::killProgram(const std::function<void()>& destroy) {
-    m_programIsDead = true;
-    destroy();
+void FakeWorkspace::restartProgram() {
+    EXPECT_FALSE(isWatched()) << "an observer of the killed run still watches";
     m_programIsDead = false;
-    EXPECT_FALSE(isWatched()) << "a destroyed observer still watches";
     for (auto& [handle, application] : m_applications)
         application.isHiddenByEarlierRun = isHiddenByProgram(handle);
 }
@@ -108,19 +106,19 @@ FakeWorkspace::application(const ApplicationHandle& handle) const {
 }
 
 void FakeWorkspace::hide(const ApplicationHandle& handle) {
-    if (m_programIsDead)
-        return;
     auto& application = running(handle);
     m_journal.record(u"hide "_s + application.name);
+    if (m_programIsDead)
+        return;
     std::replace(application.windows.begin(), application.windows.end(), Window::shown,
                  Window::hiddenByProgram);
 }
 
 void FakeWorkspace::unhide(const ApplicationHandle& handle) {
-    if (m_programIsDead)
-        return;
     auto& application = running(handle);
     m_journal.record(u"unhide "_s + application.name);
+    if (m_programIsDead)
+        return;
     std::replace(application.windows.begin(), application.windows.end(), Window::hiddenByProgram,
                  Window::shown);
     application.isHiddenByEarlierRun = false;
@@ -129,10 +127,9 @@ void FakeWorkspace::unhide(const ApplicationHandle& handle) {
 }
 
 void FakeWorkspace::activateSelf() {
-    if (m_programIsDead)
-        return;
     m_journal.record(u"activate self"_s);
-    m_focus = Focus::self;
+    if (!m_programIsDead)
+        m_focus = Focus::self;
 }
 
 std::vector<ApplicationHandle> FakeWorkspace::hiddenByEarlierRun() const {
@@ -144,16 +141,14 @@ std::vector<ApplicationHandle> FakeWorkspace::hiddenByEarlierRun() const {
 }
 
 Subscription FakeWorkspace::observe(Observer observer) {
-    m_journal.record(u"watch"_s);
+    m_journal.record(u"watch applications"_s);
     const int id = m_nextId++;
     m_observers->emplace(id, std::move(observer));
     return Subscription([this, observers = std::weak_ptr(m_observers), id] {
-        const auto alive = observers.lock();
-        if (!alive)
-            return;
-        alive->erase(id);
-        if (!m_programIsDead)
-            m_journal.record(u"unwatch"_s);
+        if (const auto alive = observers.lock()) {
+            alive->erase(id);
+            m_journal.record(u"unwatch applications"_s);
+        }
     });
 }
 

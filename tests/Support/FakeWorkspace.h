@@ -13,7 +13,7 @@ namespace tolvar::test {
 ///
 /// Hiding an application leaves the focus where it is, as on desktops that do it a moment later.
 /// A test that leaves windows hidden by the program fails, unless it expects that. Journal lines:
-/// "watch", "unwatch", "hide NAME", "unhide NAME", "activate self".
+/// "watch applications", "unwatch applications", "hide NAME", "unhide NAME", "activate self".
 class FakeWorkspace final : public Workspace {
 public:
     struct Launch {
@@ -51,9 +51,11 @@ public:
     void reportUnhidingAsActivation() { m_reportsUnhiding = true; }
     /// The end of this test finds windows hidden by the program, and that is right.
     void expectHiddenAtEnd() { m_expectsHiddenAtEnd = true; }
-    /// Runs `destroy` so that nothing the program does in it reaches the desktop, as if it had been
-    /// killed; what it hid stays hidden and counts as an earlier run's.
-    void killProgram(const std::function<void()>& destroy);
+    /// The program is killed: from now on nothing it asks for reaches the desktop.
+    void killProgram() { m_programIsDead = true; }
+    /// A fresh run of the program begins: what the killed one hid is still hidden and counts as an
+    /// earlier run's. The killed one's objects are gone by now.
+    void restartProgram();
 
     HidingSupport hidingSupport() const override { return HidingSupport::full; }
     std::vector<RunningApplication> runningApplications() const override;

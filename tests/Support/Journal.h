@@ -2,6 +2,7 @@
 
 #include "Support/Texts.h"
 
+#include <functional>
 #include <utility>
 
 namespace tolvar::test {
@@ -10,7 +11,14 @@ namespace tolvar::test {
 /// of them.
 class Journal {
 public:
-    void record(const QString& line) { m_lines.push_back(line); }
+    /// Called behind each line, before what it says takes effect; may be left empty.
+    std::function<void()> recorded;
+
+    void record(const QString& line) {
+        m_lines.push_back(line);
+        if (recorded)
+            recorded();
+    }
 
     const Texts& lines() const { return m_lines; }
     /// The lines since the last time they were taken.

@@ -14,6 +14,10 @@ public:
     explicit RecordingPreferences(Journal& journal)
         : m_journal(journal) {}
 
+    /// The program is killed: nothing is stored any more.
+    void killProgram() { m_programIsDead = true; }
+    void restartProgram() { m_programIsDead = false; }
+
 private:
     std::optional<Value> read(const QString& key) const override {
         const auto found = m_values.find(key);
@@ -22,18 +26,24 @@ private:
 
     void write(const Changes& changes) override {
         QStringList keys;
-        for (const auto& [key, change] : changes) {
+        for (const auto& [key, change] : changes)
             keys.append(change ? key : u'-' + key);
-            if (change)
-                m_values.insert_or_assign(key, *change);
-            else
-                m_values.erase(key);
-        }
         m_journal.record(QStringLiteral("write ") + keys.join(QStringLiteral(", ")));
+        if (!m_programIsDead)
+            for (const auto& [key, change] : changes)
+                store(key, change);
+    }
+
+    void store(const QString& key, const Change& change) {
+        if (change)
+            m_values.insert_or_assign(key, *change);
+        else
+            m_values.erase(key);
     }
 
     Journal& m_journal;
     std::map<QString, Value> m_values;
+    bool m_programIsDead = false;
 };
 
 } // namespace tolvar::test
