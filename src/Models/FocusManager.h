@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Models/CompletionNotification.h"
 #include "Models/FocusPreset.h"
 #include "Models/FocusSession.h"
+#include "Models/SessionStore.h"
 #include "Platform/Interfaces/BlockAlert.h"
 #include "Platform/Interfaces/BrowserChannel.h"
 #include "Platform/Interfaces/BundleInfo.h"
@@ -17,6 +19,7 @@
 
 #include <QObject>
 
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -26,7 +29,9 @@ namespace tolvar {
 /// The engine of focus sessions: starts, pauses, extends, ends and files the one current session,
 /// drives the blockers, and keeps sessions, presets and history in the preferences.
 ///
-/// Operations that do not apply (no session, no pauses left, ...) do nothing and write nothing.
+/// Operations on a session that do not apply (no session, no pauses left, ...) do nothing and write
+/// nothing. Signals are sent when an operation is done and saved: slots may call any operation, and
+/// may destroy the manager.
 class FocusManager final : public QObject {
     Q_OBJECT
 
@@ -49,12 +54,14 @@ public:
 
     /// Asks for permission to notify (when the bundle has an identifier) and loads the saved data.
     /// A session that was running is taken up again, with its blocks unless it is paused; its
-    /// first tick, one second later, ends it if its time ran out meanwhile. Where no session
-    /// blocks, windows that an earlier run left hidden are shown.
+    /// first tick, one second later, ends it if its time ran out meanwhile. Windows that an earlier
+    /// run left hidden and no session blocks now are shown.
     explicit FocusManager(const Environment& environment, QObject* parent = nullptr);
+    /// Saves nothing: a running session stands saved already. Shows what is hidden.
     ~FocusManager() override;
 
-    /// The session now running or paused.
+    /// The session now running or paused. A stored one that is neither is kept too: it blocks
+    /// nothing, does not tick, and is discarded by `stopSession`.
     const std::optional<FocusSession>& currentSession() const { return m_currentSession; }
     /// Oldest first.
     const std::vector<FocusPreset>& savedPresets() const { return m_savedPresets; }
@@ -85,33 +92,31 @@ public:
 
 Q_SIGNALS:
     /// Something that observers show may have changed: emitted after every change of a published
-    /// value and once a second while a session is current.
+    /// value, behind its own signal, and once a second while a session runs or is paused.
     void changed();
     void currentSessionChanged();
     void savedPresetsChanged();
     void sessionHistoryChanged();
 
 private:
+    using Signal = void (FocusManager::*)();
+
+    Date now() const { return m_environment.clock.now(); }
     void performHapticTick();
-    void setCurrentSession(std::optional<FocusSession> session);
+    void announce(std::initializer_list<Signal> changes);
+    void saveCurrentSession() { m_store.saveCurrentSession(m_currentSession); }
+    void loadSavedData();
+
     void applyBlocks(const FocusSession& session);
     void removeBlocks();
     void startTimer();
     void updateSession();
-
-    void saveCurrentSession();
-    void savePresets();
-    void saveHistory();
-    void loadSavedData();
-    void loadCurrentSession();
-    void loadPresets();
-    void loadHistory();
-
-    void requestNotificationPermission();
-    void showCompletionNotification(const FocusSession& session);
-    NotificationSound completionNotificationSound() const;
+    void endSession(Date moment);
+    void completeSession(Date moment);
 
     Environment m_environment;
+    SessionStore m_store;
+    CompletionNotification m_completionNotification;
     std::optional<FocusSession> m_currentSession;
     std::vector<FocusPreset> m_savedPresets;
     std::vector<FocusSession> m_sessionHistory;

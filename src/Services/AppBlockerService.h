@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <deque>
 #include <memory>
 #include <set>
 #include <vector>
@@ -30,6 +31,7 @@ public:
         qint64 processIdentifier = 0;
     };
 
+    /// Takes charge of what an earlier run of the program hid and could not show any more.
     explicit AppBlockerService(const Environment& environment);
     /// Ends the monitoring and shows what is still hidden.
     ~AppBlockerService();
@@ -38,9 +40,11 @@ public:
 
     /// Blocks the application with this display name from now on; running ones vanish silently.
     void blockApp(const QString& name);
-    /// Shows every application that this service hid (also in an earlier run of the program that
-    /// could not do it any more), then forgets all blocks and stops monitoring.
+    /// Shows every application that this service hid or took charge of, forgets all blocks and
+    /// alerts not yet shown, and stops monitoring.
     void unblockAll();
+    /// Shows what an earlier run hid and no present block concerns.
+    void restoreUnblockedApps();
 
     const std::set<QString>& blockedApps() const { return m_blockedApps; }
     bool isMonitoring() const { return m_isMonitoring; }
@@ -54,8 +58,9 @@ private:
     bool isBlocked(const RunningApplication& application) const;
     void checkFrontmostApplication();
     void applicationDidLaunchOrActivate(const RunningApplication& application);
-    void hideAndTell(const RunningApplication& application);
     void showBlockedNotification(const QString& name);
+    void scheduleAlert();
+    void presentNextAlert();
 
     Environment m_environment;
     std::set<QString> m_blockedApps;
@@ -63,6 +68,8 @@ private:
     bool m_isMonitoring = false;
     std::set<ApplicationHandle> m_hiddenApps;
     Subscription m_workspaceSubscription;
+    /// Names the user has yet to be told of; `m_alertTask` runs while there are any.
+    std::deque<QString> m_pendingAlerts;
     std::unique_ptr<Timer> m_alertTask;
 };
 

@@ -15,6 +15,9 @@
 namespace tolvar {
 
 /// Sends shown tabs on blocked websites to a blank page, in every browser that can be reached.
+///
+/// Looks every 2 s while something is blocked, and when the browsers say that tabs changed. A tab
+/// that stays on a blocked page is sent away again at every look, but told of once.
 class WebsiteBlockerService {
 public:
     /// What the service needs; all outlive it.
@@ -25,9 +28,11 @@ public:
     };
 
     explicit WebsiteBlockerService(const Environment& environment);
+    WebsiteBlockerService(const WebsiteBlockerService&) = delete;
+    WebsiteBlockerService& operator=(const WebsiteBlockerService&) = delete;
 
     /// Blocks a host and its subdomains; a text that normalises to nothing is ignored. Takes
-    /// effect at the next poll, at most 2 s later.
+    /// effect at the next look, at most 2 s later.
     void blockWebsite(const QString& site);
     /// Forgets every blocked host and stops polling.
     void unblockAll();
@@ -49,7 +54,9 @@ private:
     Environment m_environment;
     std::set<QString> m_blockedWebsites;
     std::unique_ptr<Timer> m_monitoringTimer;
-    Subscription m_changes;
+    Subscription m_tabChanges;
+    bool m_isChecking = false;
+    /// The blocked tabs found in each browser at the last look.
     std::map<QString, std::set<ActiveTab>> m_flaggedTabs;
 };
 

@@ -4,9 +4,9 @@
 
 #include <QString>
 
-#include <compare>
 #include <functional>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace tolvar {
@@ -19,7 +19,9 @@ struct ActiveTab {
     QString url;
 
     bool operator==(const ActiveTab&) const = default;
-    auto operator<=>(const ActiveTab&) const = default;
+    bool operator<(const ActiveTab& other) const {
+        return std::tie(specifier, url) < std::tie(other.specifier, other.url);
+    }
 };
 
 /// The way to the browsers people use.
