@@ -26,6 +26,11 @@ WorkspaceFixture::WorkspaceFixture() {
     workspace = makeWorkspace();
 }
 
+void WorkspaceFixture::SetUp() {
+    ASSERT_TRUE(workspace);
+    ASSERT_TRUE(TestDesktop::waitUntil([&] { return workspace->runningApplications().empty(); }));
+}
+
 void WorkspaceFixture::writeEntry(const QString& id, const QString& name, const QString& wmClass) {
     QFile file(m_data.filePath(u"applications/%1.desktop"_s.arg(id)));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -25,6 +25,8 @@ public:
 class WorkspaceFixture : public testing::Test {
 public:
     WorkspaceFixture();
+    /// Waits until the windows of the test before are gone.
+    void SetUp() override;
 
     std::unique_ptr<X11Workspace> makeWorkspace();
     std::optional<RunningApplication> named(const QString& name) const;
