@@ -59,3 +59,21 @@ function(tolvar_test name)
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()
+
+# tolvar_python_test(NAME SCRIPT file LABEL unit|desktop [WM name] [TIMEOUT seconds]): a Python
+# unittest script. With WM it runs in a private desktop of that window manager, by itself, and finds
+# the program in TOLVAR.
+function(tolvar_python_test name)
+    cmake_parse_arguments(ARG "" "SCRIPT;LABEL;WM;TIMEOUT" "" ${ARGN})
+    # Debian's own interpreter is the one that finds Debian's modules.
+    set(command /usr/bin/python3 -B ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_SCRIPT})
+    if(ARG_WM)
+        list(PREPEND command ${PROJECT_SOURCE_DIR}/scripts/desktop with --wm ${ARG_WM})
+    endif()
+    add_test(NAME ${name} COMMAND ${command})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 60)
+    endif()
+    set_tests_properties(${name} PROPERTIES LABELS ${ARG_LABEL} TIMEOUT ${ARG_TIMEOUT}
+        ENVIRONMENT TOLVAR=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/tolvar)
+endfunction()

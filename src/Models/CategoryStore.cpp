@@ -21,18 +21,6 @@ bool contains(const std::vector<QString>& items, const QString& item) {
     return std::find(items.begin(), items.end(), item) != items.end();
 }
 
-/// Whether a normalised host looks like a website's: a dot within, and nothing but letters and
-/// digits of any script, dots and hyphens.
-bool isWebsite(const QString& host) {
-    if (!host.contains(u'.') || host.startsWith(u'.') || host.endsWith(u'.'))
-        return false;
-    const auto scalars = host.toUcs4();
-    return std::all_of(scalars.begin(), scalars.end(), [](char32_t scalar) {
-        return QChar::isLetterOrNumber(scalar) || QChar::isMark(scalar) || scalar == U'.' ||
-               scalar == U'-';
-    });
-}
-
 } // namespace
 
 CategoryStore::CategoryStore(Preferences& preferences, QObject* parent)
@@ -54,6 +42,16 @@ CategoryStore::~CategoryStore() {
 CategoryStore& CategoryStore::shared() {
     Q_ASSERT(sharedStore != nullptr);
     return *sharedStore;
+}
+
+bool CategoryStore::isWebsite(const QString& host) {
+    if (!host.contains(u'.') || host.startsWith(u'.') || host.endsWith(u'.'))
+        return false;
+    const auto scalars = host.toUcs4();
+    return std::all_of(scalars.begin(), scalars.end(), [](char32_t scalar) {
+        return QChar::isLetterOrNumber(scalar) || QChar::isMark(scalar) || scalar == U'.' ||
+               scalar == U'-';
+    });
 }
 
 std::optional<BlockCategory> CategoryStore::category(const QString& id) const {

@@ -28,6 +28,10 @@ public:
     /// The store of this process; the composition root makes it before anyone asks.
     static CategoryStore& shared();
 
+    /// Whether a normalised host looks like a website's: a dot within, and nothing but letters and
+    /// digits of any script, dots and hyphens.
+    static bool isWebsite(const QString& host);
+
     /// In display order: built-in ones as loaded, the user's own behind them.
     const std::vector<BlockCategory>& categories() const { return m_categories; }
     std::optional<BlockCategory> category(const QString& id) const;

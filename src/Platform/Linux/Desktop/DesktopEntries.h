@@ -12,12 +12,13 @@ struct DesktopEntry {
     /// Desktop file id without ".desktop": the path below the applications folder with "-" for
     /// each "/", for example "org.gnome.Nautilus".
     QString id;
-    /// Name, in the user's language.
+    /// Name, in the user's language; never empty.
     QString name;
     /// Icon: a name for the icon theme, or an absolute path.
     QString iconName;
-    /// The base name of the program that Exec starts, without arguments and quoting; empty when
-    /// there is no Exec line.
+    /// The base name of the program that Exec starts, without arguments and quoting, behind
+    /// wrappers such as env; empty when there is no Exec line. A Flatpak that does not tell its
+    /// command is named by its application id.
     QString program;
     /// StartupWMClass; may be empty.
     QString startupWmClass;
@@ -34,7 +35,8 @@ struct DesktopEntry {
 class DesktopEntries {
 public:
     /// Looks in "applications" below each of `dataFolders`, first one first; `desktops` are the
-    /// names of XDG_CURRENT_DESKTOP, `locale` is a POSIX name such as "de_AT.UTF-8".
+    /// names of XDG_CURRENT_DESKTOP, `locale` is a POSIX name such as "de_AT.UTF-8", or several
+    /// separated by ":", best first.
     DesktopEntries(QStringList dataFolders, QStringList desktops, QString locale);
     /// XDG_DATA_HOME and XDG_DATA_DIRS (XDG Base Directory Specification) with the folders where
     /// Flatpak and Snap export entries, XDG_CURRENT_DESKTOP and the locale of messages.

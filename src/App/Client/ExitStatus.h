@@ -1,0 +1,16 @@
+#pragma once
+
+namespace tolvar {
+
+/// What a command tells the shell.
+enum class ExitStatus {
+    done = 0,
+    /// It does not apply now, such as pausing without a session.
+    notApplicable = 1,
+    /// The command line is wrong, or names what does not exist.
+    wrongUsage = 2,
+    /// Tolvar does not run or does not answer.
+    unreachable = 3,
+};
+
+} // namespace tolvar

@@ -1,0 +1,63 @@
+#include "App/Client/Follower.h"
+
+#include "App/Client/StatusFormat.h"
+#include "App/Protocol/RemoteNames.h"
+#include "App/Protocol/StatusReport.h"
+#include "TolvarInterface.h"
+
+#include <unistd.h>
+
+namespace tolvar {
+
+using namespace Qt::StringLiterals;
+
+Follower::Follower(const RunningProgram& program, Command::Status::Format format,
+                   Terminal& terminal)
+    : m_program(program)
+    , m_format(format)
+    , m_terminal(terminal)
+    , m_programWatcher(RemoteNames::service, program.bus())
+    , m_hangUp(STDOUT_FILENO, QSocketNotifier::Exception) {
+    connect(
+        &m_programWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString&, const QString&, const QString& owner) { programChanged(owner); });
+    connect(&m_hangUp, &QSocketNotifier::activated, this, [this] { m_loop.exit(); });
+    // The bus library tells of a lost bus by this signal alone, from nobody and by its text.
+    QDBusConnection(program.bus())
+        .connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+                 u"Disconnected"_s, this, SLOT(busEnded()));
+}
+
+Follower::~Follower() = default;
+
+ExitStatus Follower::follow(const QString& address) {
+    attach(address);
+    return static_cast<ExitStatus>(m_loop.exec());
+}
+
+void Follower::attach(const QString& address) {
+    m_control = m_program.control(address);
+    connect(m_control.get(), &TolvarInterface::Followed, this, &Follower::show);
+    m_control->Follow();
+}
+
+void Follower::programChanged(const QString& address) {
+    m_control.reset();
+    if (address.isEmpty())
+        show(toProperties({}));
+    else
+        attach(address);
+}
+
+void Follower::show(const QVariantMap& properties) {
+    const QString line = formatStatus(statusFromProperties(properties), m_format) + u'\n';
+    if (line != std::exchange(m_lastLine, line) && !m_terminal.print(line))
+        m_loop.exit();
+}
+
+void Follower::busEnded() {
+    m_terminal.complain(u"the session bus is gone"_s);
+    m_loop.exit(static_cast<int>(ExitStatus::unreachable));
+}
+
+} // namespace tolvar

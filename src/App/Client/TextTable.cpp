@@ -1,0 +1,49 @@
+#include "App/Client/TextTable.h"
+
+#include <algorithm>
+
+namespace tolvar {
+
+namespace {
+
+std::vector<qsizetype> columnWidths(const std::vector<QStringList>& rows) {
+    std::vector<qsizetype> widths;
+    for (const QStringList& row : rows) {
+        widths.resize(static_cast<std::size_t>(row.size()));
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            widths[column] = std::max(widths[column], row[static_cast<qsizetype>(column)].size());
+    }
+    return widths;
+}
+
+} // namespace
+
+QString singleLine(const QString& text) {
+    QString line = text;
+    std::replace_if(
+        line.begin(), line.end(),
+        [](QChar character) {
+            return character.category() == QChar::Other_Control ||
+                   character.category() == QChar::Separator_Line ||
+                   character.category() == QChar::Separator_Paragraph;
+        },
+        QChar(u' '));
+    return line;
+}
+
+QString textTable(const std::vector<QStringList>& rows) {
+    const auto widths = columnWidths(rows);
+    QString table;
+    for (const QStringList& row : rows) {
+        QString line;
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            line +=
+                singleLine(row[static_cast<qsizetype>(column)]).leftJustified(widths[column] + 2);
+        while (line.endsWith(u' '))
+            line.chop(1);
+        table += line + u'\n';
+    }
+    return table;
+}
+
+} // namespace tolvar

@@ -1,0 +1,75 @@
+#include "Platform/Linux/X11/ActivityTracker.h"
+
+#include <algorithm>
+
+namespace tolvar {
+
+namespace {
+
+/// Our mark proves that the windows were here before, even if the client list lost them while one
+/// window manager took over from another.
+bool wasHiddenByUs(const Desk& desk, const QString& key) {
+    const auto windows = desk.windowsOf(key);
+    return std::all_of(windows.begin(), windows.end(), [](const DeskWindow& window) {
+        return window.isHidden && window.state.mark;
+    });
+}
+
+} // namespace
+
+void ActivityTracker::begin(const Desk& desk) {
+    m_expectedHidden.clear();
+    m_applications = hiddenness(desk);
+    m_active = desk.activeApplication();
+}
+
+std::vector<Activity> ActivityTracker::update(const Desk& desk) {
+    forgetFulfilledExpectations(desk);
+    const Hiddenness now = hiddenness(desk);
+    const QString active = desk.activeApplication();
+    std::vector<Activity> activities;
+    for (const RunningApplication& application : desk.applications()) {
+        const QString& key = application.handle.key;
+        const auto before = m_applications.find(key);
+        const bool isNew = before == m_applications.end() && !wasHiddenByUs(desk, key);
+        const bool showsAgain = before != m_applications.end() && before->second && !now.at(key);
+        const bool tookFocus = key == active && active != m_active;
+        if (isNew)
+            activities.push_back({Activity::Kind::launched, application});
+        else if (showsAgain || tookFocus)
+            activities.push_back({Activity::Kind::activated, application});
+    }
+    m_applications = now;
+    m_active = active;
+    return activities;
+}
+
+void ActivityTracker::noteHidden(const QString& key, const std::vector<WindowId>& stillShown) {
+    m_applications[key] = true;
+    m_expectedHidden.insert(stillShown.begin(), stillShown.end());
+}
+
+void ActivityTracker::noteShown(const QString& key) {
+    m_applications[key] = false;
+}
+
+void ActivityTracker::forgetFulfilledExpectations(const Desk& desk) {
+    std::set<WindowId> stillExpected;
+    for (const DeskWindow& window : desk.windows)
+        if (!window.isHidden && expectsHidden(window.facts.id))
+            stillExpected.insert(window.facts.id);
+    m_expectedHidden = std::move(stillExpected);
+}
+
+ActivityTracker::Hiddenness ActivityTracker::hiddenness(const Desk& desk) const {
+    Hiddenness applications;
+    for (const DeskWindow& window : desk.windows) {
+        const bool isHidden = window.isHidden || expectsHidden(window.facts.id);
+        const auto [place, isFirst] = applications.emplace(window.application.key, isHidden);
+        if (!isFirst)
+            place->second = place->second && isHidden;
+    }
+    return applications;
+}
+
+} // namespace tolvar

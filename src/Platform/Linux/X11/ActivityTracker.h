@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Platform/Linux/X11/Desk.h"
+
+#include <QString>
+
+#include <map>
+#include <set>
+#include <vector>
+
+namespace tolvar {
+
+/// Something an application did.
+struct Activity {
+    enum class Kind { launched, activated };
+    Kind kind = Kind::launched;
+    RunningApplication application;
+
+    bool operator==(const Activity&) const = default;
+};
+
+/// Tells what applications did between one look at the desktop and the next.
+class ActivityTracker {
+public:
+    /// Begins with this look; what stands there already is no news.
+    void begin(const Desk& desk);
+    /// What happened since the last look, at most one activity per application, in the order of
+    /// the windows.
+    std::vector<Activity> update(const Desk& desk);
+
+    /// We hid the application. Its windows `stillShown` have not followed yet: until they are seen
+    /// hidden they count as if they were, so that a slow window manager does not look like a user
+    /// who brings them back.
+    void noteHidden(const QString& key, const std::vector<WindowId>& stillShown);
+    /// We showed the application again: that it shows windows is no news.
+    void noteShown(const QString& key);
+    /// Whether the window was asked to hide and has not been seen hidden yet.
+    bool expectsHidden(WindowId window) const { return m_expectedHidden.contains(window); }
+
+private:
+    /// Which applications there are, and whether each is hidden.
+    using Hiddenness = std::map<QString, bool>;
+
+    void forgetFulfilledExpectations(const Desk& desk);
+    Hiddenness hiddenness(const Desk& desk) const;
+
+    Hiddenness m_applications;
+    QString m_active;
+    std::set<WindowId> m_expectedHidden;
+};
+
+} // namespace tolvar

@@ -1,0 +1,126 @@
+#include "Platform/Linux/X11/DeskReader.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <iterator>
+
+namespace tolvar {
+
+DeskReader::DeskReader(XConnection& connection, DesktopEntries entries)
+    : m_connection(connection)
+    , m_entries(std::move(entries))
+    , m_reader(connection) {}
+
+bool DeskReader::meetWindowManager() {
+    auto manager = detectWindowManager(m_connection);
+    if (manager != m_manager || !m_hider) {
+        m_manager = std::move(manager);
+        m_hider = m_manager ? makeHider(*m_manager, m_connection, m_reader) : nullptr;
+    }
+    return m_hider != nullptr;
+}
+
+void DeskReader::forgetEntries() {
+    m_known.clear();
+    m_matcher.reset();
+}
+
+const ApplicationMatcher& DeskReader::matcher() {
+    if (!m_matcher)
+        m_matcher = std::make_unique<ApplicationMatcher>(m_entries.load(), readProcessFacts);
+    return *m_matcher;
+}
+
+std::vector<WindowId> DeskReader::windowList(xcb_atom_t list) const {
+    return m_connection.read(m_connection.root(), list).words();
+}
+
+WindowId DeskReader::activeWindow() const {
+    return m_connection.read(m_connection.root(), m_connection.ewmh()._NET_ACTIVE_WINDOW)
+        .word()
+        .value_or(0);
+}
+
+MatchedWindow DeskReader::matched(const WindowFacts& facts) {
+    MatchedWindow window{facts, {}, {}};
+    if (facts.kind != WindowKind::application ||
+        facts.processIdentifier == QCoreApplication::applicationPid())
+        return window;
+    if (const DesktopEntry* entry = matcher().match(facts)) {
+        window.entryId = entry->id;
+        window.entryName = entry->name;
+    }
+    return window;
+}
+
+/// What is known of each window is kept while it is listed. One without a class may have been
+/// listed before its program said who it is, so it is asked again.
+void DeskReader::getToKnow(const std::vector<WindowId>& windows) {
+    std::map<WindowId, MatchedWindow> known;
+    std::vector<WindowId> strangers;
+    for (const WindowId window : windows) {
+        const auto place = m_known.find(window);
+        if (place != m_known.end() && !place->second.facts.className.isEmpty())
+            known.insert(*place);
+        else
+            strangers.push_back(window);
+    }
+    for (const WindowFacts& facts : m_reader.facts(strangers))
+        known.emplace(facts.id, matched(facts));
+    m_known = std::move(known);
+}
+
+Desk DeskReader::look() {
+    Desk desk;
+    desk.activeWindow = activeWindow();
+    m_workspaces = readWorkspaces(m_connection);
+    const auto ids = windowList(m_connection.ewmh()._NET_CLIENT_LIST);
+    getToKnow(ids);
+    std::vector<MatchedWindow> candidates;
+    std::vector<WindowId> candidateIds;
+    for (const WindowId id : ids) {
+        const auto known = m_known.find(id);
+        if (known->second.facts.kind != WindowKind::application)
+            continue;
+        candidates.push_back(known->second);
+        candidateIds.push_back(id);
+    }
+    const auto states = m_reader.states(candidateIds);
+    const auto applications = groupIntoApplications(candidates, QCoreApplication::applicationPid());
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        if (!states[i] || applications[i].isOurs)
+            continue;
+        desk.windows.push_back({candidates[i].facts, *states[i], applications[i],
+                                m_hider->isHidden(*states[i], m_workspaces)});
+    }
+    return desk;
+}
+
+bool DeskReader::isPutAway(const DeskWindow& window) const {
+    return m_hider->isPutAway(window.state, m_workspaces);
+}
+
+bool DeskReader::hasMarkedWindows() const {
+    const auto states = m_reader.states(windowList(m_connection.ewmh()._NET_CLIENT_LIST));
+    return std::any_of(states.begin(), states.end(),
+                       [](const auto& state) { return state && state->mark; });
+}
+
+std::vector<WindowId> DeskReader::ownShownWindows() {
+    auto ids = windowList(m_connection.ewmh()._NET_CLIENT_LIST_STACKING);
+    if (ids.empty())
+        ids = windowList(m_connection.ewmh()._NET_CLIENT_LIST);
+    m_workspaces = readWorkspaces(m_connection);
+    const auto facts = m_reader.facts(ids);
+    const auto states = m_reader.states(ids);
+    std::vector<WindowId> shown;
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        if (states[i] && facts[i].kind == WindowKind::application &&
+            facts[i].processIdentifier == QCoreApplication::applicationPid() &&
+            !m_hider->isHidden(*states[i], m_workspaces))
+            shown.push_back(ids[i]);
+    return shown;
+}
+
+} // namespace tolvar

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Platform/Linux/Desktop/DesktopEntries.h"
+#include "Platform/Linux/X11/ApplicationMatcher.h"
+#include "Platform/Linux/X11/Desk.h"
+#include "Platform/Linux/X11/WindowManager.h"
+#include "Platform/Linux/X11/WindowReader.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+
+namespace tolvar {
+
+/// Looks at the desktop: which windows there are, whose they are, and which are hidden.
+class DeskReader {
+public:
+    DeskReader(XConnection& connection, DesktopEntries entries);
+
+    /// Looks who manages the windows now. False when nobody does who can hide any.
+    bool meetWindowManager();
+    /// The way to hide windows; null before `meetWindowManager` was true.
+    WindowHider* hider() const { return m_hider.get(); }
+    /// See WindowManager::checkWindow; 0 for none.
+    WindowId managerWindow() const { return m_manager ? m_manager->checkWindow : 0; }
+
+    /// Everything as it stands. Who can hide windows must have been met.
+    Desk look();
+    /// The windows that we left where hiding puts windows.
+    bool isPutAway(const DeskWindow& window) const;
+    /// Whether any window bears our mark; cheap.
+    bool hasMarkedWindows() const;
+    /// Our own shown windows, the topmost last.
+    std::vector<WindowId> ownShownWindows();
+    WindowId activeWindow() const;
+
+    /// Forgets what is known of windows, for windows may have gone and others have got their ids.
+    void forgetWindows() { m_known.clear(); }
+    /// Reads the desktop entries afresh at the next look.
+    void forgetEntries();
+
+private:
+    std::vector<WindowId> windowList(xcb_atom_t list) const;
+    void getToKnow(const std::vector<WindowId>& windows);
+    MatchedWindow matched(const WindowFacts& facts);
+    const ApplicationMatcher& matcher();
+
+    XConnection& m_connection;
+    DesktopEntries m_entries;
+    WindowReader m_reader;
+    std::optional<WindowManager> m_manager;
+    std::unique_ptr<WindowHider> m_hider;
+    std::unique_ptr<ApplicationMatcher> m_matcher;
+    std::map<WindowId, MatchedWindow> m_known;
+    Workspaces m_workspaces;
+};
+
+} // namespace tolvar

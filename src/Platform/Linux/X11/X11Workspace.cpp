@@ -1,0 +1,387 @@
+#include "Platform/Linux/X11/X11Workspace.h"
+
+#include "Platform/Linux/X11/ActivityTracker.h"
+#include "Platform/Linux/X11/DeskReader.h"
+#include "Platform/Linux/X11/WindowWatch.h"
+#include "Platform/Linux/X11/XConnection.h"
+
+#include <QSocketNotifier>
+#include <QUuid>
+
+#include <algorithm>
+#include <map>
+
+namespace tolvar {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// What a batch of events says may have changed.
+struct News {
+    bool isRelevant = false;
+    int clientListChanges = 0;
+};
+
+/// Whether the mark was set when the window was last in its user's hands.
+bool isFresh(const DeskWindow& window) {
+    return window.state.mark && window.state.mark->userTime == window.state.userTime;
+}
+
+} // namespace
+
+/// The workspace at work. Subscriptions and calls that are due later may outlive it.
+class X11Workspace::Session final : public std::enable_shared_from_this<Session> {
+public:
+    Session(std::unique_ptr<XConnection> connection, DesktopEntries entries, SystemLog& log);
+
+    bool canHide();
+    /// The desktop now; nothing of it where windows cannot be hidden.
+    Desk look();
+    std::optional<RunningApplication> frontmost();
+    void hide(const QString& key);
+    void unhide(const QString& key);
+    void activateSelf();
+    std::vector<ApplicationHandle> hiddenByEarlierRun();
+    Subscription observe(Observer observer);
+
+private:
+    bool isObserved() const { return !m_observers.empty(); }
+    void startWatching();
+    void stopWatching();
+    void endObservation(int id);
+
+    Desk lookAndWatch();
+    void adopt(const DeskWindow& window);
+    bool isOurDoing(const DeskWindow& window) const;
+    void dropOutdatedMarks(const Desk& desk);
+    void tellObservers(const std::vector<Activity>& activities);
+
+    void readEvents();
+    void readEventsSoon();
+    News collectNews();
+    bool isRelevant(const xcb_property_notify_event_t& event) const;
+    void catchUp();
+    bool isLost();
+
+    std::unique_ptr<XConnection> m_connection;
+    SystemLog& m_log;
+    DeskReader m_reader;
+    WindowWatch m_watch;
+    ActivityTracker m_tracker;
+    QSocketNotifier m_notifier;
+    /// Names this run in the marks.
+    const QString m_run = QUuid::createUuid().toString(QUuid::Id128);
+    std::map<int, Observer> m_observers;
+    int m_nextObserver = 0;
+    bool m_isReadingDue = false;
+    bool m_isLossLogged = false;
+};
+
+X11Workspace::Session::Session(std::unique_ptr<XConnection> connection, DesktopEntries entries,
+                               SystemLog& log)
+    : m_connection(std::move(connection))
+    , m_log(log)
+    , m_reader(*m_connection, std::move(entries))
+    , m_watch(*m_connection)
+    , m_notifier(m_connection->fileDescriptor(), QSocketNotifier::Read) {
+    QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
+                     [this] { readEvents(); });
+}
+
+bool X11Workspace::Session::isLost() {
+    if (m_connection->isAlive())
+        return false;
+    m_notifier.setEnabled(false);
+    if (!std::exchange(m_isLossLogged, true))
+        m_log.error(u"Workspace"_s, u"The connection to the X server is lost."_s);
+    return true;
+}
+
+bool X11Workspace::Session::canHide() {
+    return !isLost() && m_reader.meetWindowManager();
+}
+
+Desk X11Workspace::Session::look() {
+    if (!canHide())
+        return {};
+    if (!isObserved())
+        m_reader.forgetWindows();
+    Desk desk = m_reader.look();
+    readEventsSoon();
+    return desk;
+}
+
+std::optional<RunningApplication> X11Workspace::Session::frontmost() {
+    return look().frontmost();
+}
+
+void X11Workspace::Session::hide(const QString& key) {
+    std::vector<DeskWindow> shown;
+    for (const DeskWindow& window : look().windowsOf(key)) {
+        if (!window.isHidden)
+            shown.push_back(window);
+        else if (isOurDoing(window))
+            adopt(window);
+    }
+    if (shown.empty())
+        return;
+    m_watch.watchAlso(idsOf(shown));
+    m_tracker.noteHidden(key, m_reader.hider()->hide(shown, m_run));
+    if (!isObserved())
+        m_watch.watchNothing();
+    m_connection->flush();
+    readEventsSoon();
+}
+
+/// What an earlier run hid is ours now, whatever its user does with it from now on.
+void X11Workspace::Session::adopt(const DeskWindow& window) {
+    HiddenMark mark = *window.state.mark;
+    mark.run = m_run;
+    m_connection->setText(window.facts.id, XAtom::tolvarHidden, mark.toText());
+    m_connection->flush();
+}
+
+/// A mark of this run is good as long as it stands, for it is dropped when its window shows. One
+/// of an earlier run may have been left behind by a window that was shown and hidden again since.
+bool X11Workspace::Session::isOurDoing(const DeskWindow& window) const {
+    return m_reader.isPutAway(window) && window.state.mark &&
+           (window.state.mark->run == m_run || isFresh(window));
+}
+
+void X11Workspace::Session::unhide(const QString& key) {
+    std::vector<DeskWindow> ours;
+    std::vector<WindowId> marked;
+    for (const DeskWindow& window : look().windowsOf(key)) {
+        if (!window.state.mark)
+            continue;
+        marked.push_back(window.facts.id);
+        if (isOurDoing(window))
+            ours.push_back(window);
+    }
+    if (!ours.empty()) {
+        m_watch.watchAlso(idsOf(ours));
+        m_reader.hider()->show(ours);
+        m_tracker.noteShown(key);
+        if (!isObserved())
+            m_watch.watchNothing();
+    }
+    for (const WindowId window : marked)
+        m_connection->removeProperty(window, XAtom::tolvarHidden);
+    m_connection->flush();
+    readEventsSoon();
+}
+
+void X11Workspace::Session::activateSelf() {
+    if (!canHide())
+        return;
+    const auto own = m_reader.ownShownWindows();
+    const WindowId active = m_reader.activeWindow();
+    if (own.empty() || std::find(own.begin(), own.end(), active) != own.end())
+        return;
+    m_connection->tellWindowManager(own.back(), m_connection->ewmh()._NET_ACTIVE_WINDOW,
+                                    {XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER, XCB_CURRENT_TIME, 0, 0, 0});
+    m_connection->flush();
+}
+
+std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
+    if (!canHide() || !m_reader.hasMarkedWindows())
+        return {};
+    const Desk desk = look();
+    dropOutdatedMarks(desk);
+    std::vector<ApplicationHandle> handles;
+    for (const DeskWindow& window : desk.windows) {
+        const ApplicationHandle handle{window.application.key};
+        if (isOurDoing(window) && window.state.mark->run != m_run &&
+            std::find(handles.begin(), handles.end(), handle) == handles.end())
+            handles.push_back(handle);
+    }
+    return handles;
+}
+
+/// A window that is shown, or that its user has had in hand, is not hidden by us any more. A mark
+/// left on it would show it one day against the will of a user who minimised it.
+void X11Workspace::Session::dropOutdatedMarks(const Desk& desk) {
+    for (const DeskWindow& window : desk.windows)
+        if (window.state.mark && !isOurDoing(window) && !m_tracker.expectsHidden(window.facts.id))
+            m_connection->removeProperty(window.facts.id, XAtom::tolvarHidden);
+    m_connection->flush();
+}
+
+Subscription X11Workspace::Session::observe(Observer observer) {
+    const int id = m_nextObserver++;
+    m_observers.emplace(id, std::move(observer));
+    if (m_observers.size() == 1)
+        startWatching();
+    return Subscription([weak = weak_from_this(), id] {
+        if (const auto session = weak.lock())
+            session->endObservation(id);
+    });
+}
+
+void X11Workspace::Session::endObservation(int id) {
+    m_observers.erase(id);
+    if (!isObserved())
+        stopWatching();
+}
+
+void X11Workspace::Session::startWatching() {
+    if (isLost())
+        return;
+    m_reader.forgetEntries();
+    const bool canLook = m_reader.meetWindowManager();
+    m_watch.watchDesktop(m_reader.managerWindow());
+    m_tracker.begin(canLook ? lookAndWatch() : Desk());
+    m_connection->flush();
+    readEventsSoon();
+}
+
+void X11Workspace::Session::stopWatching() {
+    m_watch.watchNothing();
+    m_tracker.begin({});
+    m_connection->flush();
+}
+
+/// Hidden windows are watched for being shown, and those without a class for getting one.
+Desk X11Workspace::Session::lookAndWatch() {
+    for (;;) {
+        Desk desk = m_reader.look();
+        std::set<WindowId> wanted;
+        for (const DeskWindow& window : desk.windows)
+            if (window.isHidden || window.facts.className.isEmpty())
+                wanted.insert(window.facts.id);
+        if (!m_watch.watchOnly(wanted))
+            return desk;
+    }
+}
+
+void X11Workspace::Session::catchUp() {
+    // Between two window managers the client list tells nothing.
+    if (!canHide())
+        return;
+    m_watch.watchDesktop(m_reader.managerWindow());
+    const Desk desk = lookAndWatch();
+    const auto activities = m_tracker.update(desk);
+    dropOutdatedMarks(desk);
+    tellObservers(activities);
+}
+
+void X11Workspace::Session::tellObservers(const std::vector<Activity>& activities) {
+    std::vector<int> ids;
+    for (const auto& [id, observer] : m_observers)
+        ids.push_back(id);
+    for (const Activity& activity : activities)
+        for (const int id : ids) {
+            const auto place = m_observers.find(id);
+            if (place == m_observers.end())
+                continue;
+            const Observer observer = place->second;
+            const auto& tell =
+                activity.kind == Activity::Kind::launched ? observer.launched : observer.activated;
+            if (tell)
+                tell(activity.application);
+        }
+}
+
+void X11Workspace::Session::readEvents() {
+    const auto alive = shared_from_this();
+    const News news = collectNews();
+    if (isLost() || !isObserved() || !news.isRelevant)
+        return;
+    if (news.clientListChanges > 1) {
+        m_reader.forgetWindows();
+        m_watch.forget();
+    }
+    catchUp();
+    readEventsSoon();
+}
+
+/// Events that were read while an answer was awaited wake nobody any more.
+void X11Workspace::Session::readEventsSoon() {
+    if (m_isReadingDue || !m_connection->hasQueuedEvents())
+        return;
+    m_isReadingDue = true;
+    QMetaObject::invokeMethod(
+        &m_notifier,
+        [this] {
+            m_isReadingDue = false;
+            readEvents();
+        },
+        Qt::QueuedConnection);
+}
+
+News X11Workspace::Session::collectNews() {
+    News news;
+    while (const auto event = m_connection->nextEvent()) {
+        const int type = event->response_type & 0x7f;
+        if (type == XCB_DESTROY_NOTIFY)
+            news.isRelevant = true;
+        if (type != XCB_PROPERTY_NOTIFY)
+            continue;
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
+        news.isRelevant = news.isRelevant || isRelevant(change);
+        if (change.atom == m_connection->ewmh()._NET_CLIENT_LIST)
+            ++news.clientListChanges;
+    }
+    return news;
+}
+
+bool X11Workspace::Session::isRelevant(const xcb_property_notify_event_t& event) const {
+    const auto& ewmh = m_connection->ewmh();
+    if (event.window == m_connection->root())
+        return event.atom == ewmh._NET_CLIENT_LIST || event.atom == ewmh._NET_ACTIVE_WINDOW ||
+               event.atom == ewmh._NET_SUPPORTING_WM_CHECK;
+    return event.atom == ewmh._NET_WM_STATE || event.atom == ewmh._NET_WM_DESKTOP ||
+           event.atom == XCB_ATOM_WM_CLASS;
+}
+
+X11Workspace::X11Workspace(std::shared_ptr<Session> session)
+    : m_session(std::move(session)) {}
+
+X11Workspace::~X11Workspace() = default;
+
+std::unique_ptr<X11Workspace> X11Workspace::create(DesktopEntries entries, SystemLog& log) {
+    auto connection = XConnection::open();
+    if (!connection)
+        return nullptr;
+    return std::unique_ptr<X11Workspace>(new X11Workspace(
+        std::make_shared<Session>(std::move(connection), std::move(entries), log)));
+}
+
+HidingSupport X11Workspace::hidingSupport() const {
+    return m_session->canHide() ? HidingSupport::full : HidingSupport::none;
+}
+
+std::vector<RunningApplication> X11Workspace::runningApplications() const {
+    return m_session->look().applications();
+}
+
+std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
+    return m_session->frontmost();
+}
+
+std::optional<RunningApplication> X11Workspace::application(const ApplicationHandle& handle) const {
+    return m_session->look().application(handle.key);
+}
+
+void X11Workspace::hide(const ApplicationHandle& handle) {
+    m_session->hide(handle.key);
+}
+
+void X11Workspace::unhide(const ApplicationHandle& handle) {
+    m_session->unhide(handle.key);
+}
+
+void X11Workspace::activateSelf() {
+    m_session->activateSelf();
+}
+
+std::vector<ApplicationHandle> X11Workspace::hiddenByEarlierRun() const {
+    return m_session->hiddenByEarlierRun();
+}
+
+Subscription X11Workspace::observe(Observer observer) {
+    return m_session->observe(std::move(observer));
+}
+
+} // namespace tolvar

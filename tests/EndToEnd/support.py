@@ -1,0 +1,164 @@
+"""The stage of the end-to-end tests: the program, the windows and the notifications of the private
+desktop that the test runs in (scripts/desktop with)."""
+
+import json
+import os
+import signal
+import subprocess
+import time
+
+import dbus
+import Xlib.display
+import Xlib.error
+from Xlib import X
+from Xlib.protocol import event
+
+TOLVAR = os.environ["TOLVAR"]
+WINDOW_MANAGER = os.environ["TOLVAR_DESKTOP_WM"]
+PATIENCE_SECONDS = 20
+
+
+def wait_until(what, holds, seconds=PATIENCE_SECONDS):
+    """Returns the seconds it took until `holds()` was true."""
+    began = time.monotonic()
+    while not holds():
+        if time.monotonic() - began > seconds:
+            raise AssertionError(f"{what}: not so after {seconds} s")
+        time.sleep(0.001)
+    return time.monotonic() - began
+
+
+class Program:
+    """Tolvar and its command line."""
+
+    def __init__(self):
+        self._process = None
+
+    def launch(self):
+        self._process = subprocess.Popen([TOLVAR], stdout=subprocess.DEVNULL)
+
+    def start(self):
+        """Runs it and waits until it answers."""
+        self.launch()
+        wait_until("Tolvar answers", lambda: self.ask("status").returncode == 0)
+
+    def ask(self, *arguments):
+        return subprocess.run([TOLVAR, *arguments], text=True, capture_output=True, check=False,
+                              timeout=PATIENCE_SECONDS)
+
+    def tell(self, *arguments):
+        """A command that must be done."""
+        result = self.ask(*arguments)
+        if result.returncode != 0:
+            raise AssertionError(f"{arguments}: {result.returncode}: {result.stderr}")
+        return result.stdout
+
+    def status(self):
+        return json.loads(self.tell("status", "--json"))
+
+    def history(self):
+        return json.loads(self.tell("history", "--json"))
+
+    def kill(self):
+        """Ends it without any warning."""
+        self._process.send_signal(signal.SIGKILL)
+        self._process.wait()
+
+    def end(self):
+        if self._process and self._process.poll() is None:
+            self.ask("quit")
+            self._process.wait(timeout=PATIENCE_SECONDS)
+
+
+class Windows:
+    """What another program sees of the windows, and what a pager does to them."""
+
+    def __init__(self):
+        self._display = Xlib.display.Display()
+        self._root = self._display.screen().root
+
+    def ids(self, window_class):
+        """The windows of the class, in the order in which they came."""
+        return [window for window in self._property(self._root, "_NET_CLIENT_LIST") or []
+                if self._class(window) == window_class]
+
+    def wait_for(self, window_class):
+        wait_until(f"a window of {window_class}",
+                   lambda: any(map(self.is_in_view, self.ids(window_class))))
+        return self.ids(window_class)[-1]
+
+    def is_in_view(self, window):
+        try:
+            attributes = self._resource(window).get_attributes()
+            return attributes.map_state == X.IsViewable
+        except Xlib.error.BadWindow:
+            return False
+
+    def active(self):
+        return (self._property(self._root, "_NET_ACTIVE_WINDOW") or [0])[0]
+
+    def activate(self, window):
+        """As a pager does it: a request with source 2 to the root window."""
+        message = event.ClientMessage(
+            window=self._resource(window), client_type=self._display.intern_atom("_NET_ACTIVE_WINDOW"),
+            data=(32, [2, X.CurrentTime, 0, 0, 0]))
+        self._root.send_event(message, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self._display.flush()
+
+    def bears_mark(self, window):
+        """Whether Tolvar's mark of a window that it hid is on it."""
+        return self._property(self._resource(window), "_TOLVAR_HIDDEN") is not None
+
+    def _resource(self, window):
+        return self._display.create_resource_object("window", window)
+
+    def _property(self, window, name):
+        try:
+            found = window.get_full_property(self._display.intern_atom(name), X.AnyPropertyType)
+        except Xlib.error.BadWindow:
+            return None
+        return found and list(found.value)
+
+    def _class(self, window):
+        try:
+            return (self._resource(window).get_wm_class() or (None, None))[1]
+        except Xlib.error.BadWindow:
+            return None
+
+
+class Notifications:
+    """What dunst shows and has shown."""
+
+    def __init__(self):
+        server = dbus.SessionBus().get_object("org.freedesktop.Notifications",
+                                              "/org/freedesktop/Notifications")
+        self._control = dbus.Interface(server, "org.dunstproject.cmd0")
+        self._properties = dbus.Interface(server, "org.freedesktop.DBus.Properties")
+
+    def shown(self):
+        """How many are on screen."""
+        return int(self._properties.Get("org.dunstproject.cmd0", "displayedLength"))
+
+    def close_and_list(self):
+        """Closes them all; every notification there was, as (title, text)."""
+        self._control.NotificationCloseAll()
+        wait_until("the notifications are closed", lambda: self.shown() == 0)
+        return [(str(entry["summary"]), str(entry["body"]))
+                for entry in self._control.NotificationListHistory()]
+
+
+class Guests:
+    """Programs that the tests look at; all end with the test."""
+
+    def __init__(self):
+        self._running = []
+
+    def start(self, *command):
+        guest = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self._running.append(guest)
+        return guest
+
+    def end(self):
+        for guest in self._running:
+            guest.kill()
+            guest.wait()
