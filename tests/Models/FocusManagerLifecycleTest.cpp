@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerLifecycle : public FocusManagerFixture {};
 
 TEST_F(FocusManagerLifecycle, BeginsReadyWithNothingRunning) {

@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerPresets : public FocusManagerFixture {
 protected:
     FocusPreset saved(const FocusSession& session = plan()) {

@@ -67,6 +67,13 @@ TEST_F(WebsiteBlocker, KnowsAnInternationalHostInEverySpelling) {
     EXPECT_TRUE(isBlocked(u"https://xn--bcher-kva.example/", u"B\u00fccher.example"_s));
 }
 
+TEST_F(WebsiteBlocker, TakesADotAtTheEndOfAHostForNothing) {
+    EXPECT_TRUE(isBlocked(u"https://example.com./", u"example.com"_s));
+    EXPECT_TRUE(isBlocked(u"https://example.com/", u"example.com."_s));
+    EXPECT_FALSE(isBlocked(u"https://example.com/", u"."_s));
+    EXPECT_EQ(clock.runningTimers(), 0u);
+}
+
 TEST_F(WebsiteBlocker, SkipsTabsWithoutAHost) {
     show({u"", u"about:blank", u"file:///home/example.com", u"not a url \ufffd%%", u"https://"});
     blocker.blockWebsite(u"example.com"_s);

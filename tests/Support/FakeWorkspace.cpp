@@ -66,10 +66,6 @@ void FakeWorkspace::terminate(const ApplicationHandle& handle) {
         m_focus = Focus::self;
 }
 
-void FakeWorkspace::renameApplication(const ApplicationHandle& handle, const QString& name) {
-    running(handle).name = name;
-}
-
 int FakeWorkspace::shownWindows(const ApplicationHandle& handle) const {
     const auto& windows = m_applications.at(handle).windows;
     return static_cast<int>(std::count(windows.begin(), windows.end(), Window::shown));

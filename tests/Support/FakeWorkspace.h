@@ -37,7 +37,6 @@ public:
     void openWindow(const ApplicationHandle& handle);
     void hideByUser(const ApplicationHandle& handle);
     void terminate(const ApplicationHandle& handle);
-    void renameApplication(const ApplicationHandle& handle, const QString& name);
 
     int shownWindows(const ApplicationHandle& handle) const;
     bool isHidden(const ApplicationHandle& handle) const { return shownWindows(handle) == 0; }
