@@ -33,6 +33,10 @@ bool I3WorkspaceHider::isHidden(const WindowState& state, const Workspaces& work
     return !state.desktop || (isPutAway(state, workspaces) && state.desktop != workspaces.current);
 }
 
+bool I3WorkspaceHider::isOutOfView(const WindowState& state, const Workspaces& workspaces) const {
+    return isHidden(state, workspaces);
+}
+
 bool I3WorkspaceHider::isPutAway(const WindowState& state, const Workspaces& workspaces) const {
     return state.desktop && *state.desktop < workspaces.names.size() &&
            workspaces.names[*state.desktop] == blockedWorkspace();

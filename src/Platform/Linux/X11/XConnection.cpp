@@ -210,12 +210,6 @@ void XConnection::flush() {
     xcb_flush(get());
 }
 
-bool XConnection::isViewable(xcb_window_t window) const {
-    const auto attributes =
-        takeReply(xcb_get_window_attributes_reply, get(), xcb_get_window_attributes(get(), window));
-    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
 bool XConnection::collectEvents() {
     const std::size_t before = m_events.size();
     while (Event event{xcb_poll_for_event(get())})

@@ -86,9 +86,6 @@ public:
                            const std::array<std::uint32_t, 5>& data);
     void flush();
 
-    /// Whether `window` is mapped with all its ancestors.
-    bool isViewable(xcb_window_t window) const;
-
     struct FreeEvent {
         void operator()(xcb_generic_event_t* event) const { free(event); }
     };
