@@ -89,7 +89,8 @@ TEST_F(AppBlocker, HidesEachTimeAnApplicationComesBack) {
 }
 
 TEST_F(AppBlocker, ShowsAgainWhatItHidWithoutActivatingIt) {
-    const auto slack = workspace.launch(u"Slack"_s, {.bundleIdentifier = {}, .windows = 3});
+    const auto slack = workspace.launch(
+        u"Slack"_s, {.bundleIdentifier = {}, .processIdentifier = {}, .windows = 3});
     blocker->blockApp(u"Slack"_s);
     journal.take();
     blocker->unblockAll();
@@ -108,7 +109,8 @@ TEST_F(AppBlocker, LeavesHiddenWhatTheUserHadHiddenBefore) {
 }
 
 TEST_F(AppBlocker, ShowsOnlyTheWindowThatWasOpenedInAnApplicationTheUserHadHidden) {
-    const auto slack = workspace.launch(u"Slack"_s, {.bundleIdentifier = {}, .windows = 2});
+    const auto slack = workspace.launch(
+        u"Slack"_s, {.bundleIdentifier = {}, .processIdentifier = {}, .windows = 2});
     workspace.hideByUser(slack);
     blocker->blockApp(u"Slack"_s);
     workspace.openWindow(slack);
@@ -178,7 +180,8 @@ TEST_F(AppBlocker, NeverHidesItsOwnProgram) {
 TEST_F(AppBlocker, HidesAnApplicationWithoutIdentifiersWhenItHasNoneItself) {
     AppBlockerService anonymous(
         {.workspace = workspace, .timers = clock, .alert = alert, .bundleIdentifier = {}});
-    const auto slack = workspace.launch(u"Slack"_s);
+    const auto slack =
+        workspace.launch(u"Slack"_s, {.bundleIdentifier = {}, .processIdentifier = 0});
     anonymous.blockApp(u"Slack"_s);
     EXPECT_TRUE(workspace.isHidden(slack));
 }

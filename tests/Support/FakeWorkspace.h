@@ -18,7 +18,7 @@ class FakeWorkspace final : public Workspace {
 public:
     struct Launch {
         QString bundleIdentifier;
-        qint64 processIdentifier = 0; ///< 0 for a fresh one
+        std::optional<qint64> processIdentifier; ///< absent for a fresh one
         int windows = 1;
     };
 
