@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Platform/Interfaces/BundleInfo.h"
-
 #include <memory>
 
 namespace tolvar {
@@ -14,7 +12,7 @@ class Workspace;
 /// The real things behind the interfaces, as far as this desktop has them; else null objects.
 namespace Adapters {
 
-std::unique_ptr<SystemLog> systemLog(const BundleInfo& bundle);
+std::unique_ptr<SystemLog> systemLog();
 /// `log` outlives what is made with it.
 std::unique_ptr<Preferences> preferences(SystemLog& log);
 std::unique_ptr<Workspace> workspace(SystemLog& log);

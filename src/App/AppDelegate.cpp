@@ -20,7 +20,7 @@ std::unique_ptr<Preferences> preferencesWithDefaults(std::unique_ptr<Preferences
 } // namespace
 
 AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
-    : m_log(Adapters::systemLog(bundle))
+    : m_log(Adapters::systemLog())
     , m_preferences(preferencesWithDefaults(Adapters::preferences(*m_log)))
     , m_workspace(Adapters::workspace(*m_log))
     , m_installed(Adapters::installedApplications())
