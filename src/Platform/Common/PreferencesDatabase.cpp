@@ -15,8 +15,13 @@ using Value = Preferences::Value;
 
 namespace {
 
-constexpr auto settings = "PRAGMA synchronous = FULL;"
-                          "PRAGMA journal_size_limit = 1048576;";
+/// For a new file: a history of many megabytes is written in half the time of small pages.
+constexpr auto fileSettings = "PRAGMA page_size = 16384;";
+/// Values that are replaced are not overwritten with zeroes first where that costs writing, and a
+/// log that was once large does not stay so.
+constexpr auto connectionSettings = "PRAGMA synchronous = FULL;"
+                                    "PRAGMA secure_delete = FAST;"
+                                    "PRAGMA journal_size_limit = 1048576;";
 constexpr auto makeTableSql =
     "CREATE TABLE IF NOT EXISTS preferences(key TEXT PRIMARY KEY NOT NULL, value)";
 /// Whether texts, numbers and bytes keep their types in the table and every change can be stored.
@@ -140,9 +145,10 @@ int PreferencesDatabase::connect(const QString& filePath) {
 }
 
 PreferencesDatabase::Outcome PreferencesDatabase::prepareToWrite() {
+    m_connection.execute(fileSettings);
     // Without a log (a lock held elsewhere, an odd file system) storing is slower, not unsafe.
     m_connection.execute("PRAGMA journal_mode = WAL");
-    m_connection.execute(settings);
+    m_connection.execute(connectionSettings);
     if (const int made = makeTable(); made != SQLITE_OK)
         return outcomeOf(made);
     const int prepared = prepareStatements();

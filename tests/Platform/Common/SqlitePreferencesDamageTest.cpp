@@ -11,7 +11,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
-constexpr qsizetype pageSize = 4096;
+constexpr qsizetype pageSize = 16384;
 
 class DamagedPreferencesTest : public test::PreferencesTest {
 protected:
@@ -21,12 +21,12 @@ protected:
         const Preferences::Transaction together(*preferences);
         for (int i = 0; i < 300; ++i)
             preferences->setText(u"key %1"_s.arg(i), smallValue(i));
-        preferences->setData(u"spoilt"_s, QByteArray(100'000, 'S'));
-        preferences->setData(u"healthy"_s, QByteArray(100'000, 'H'));
+        preferences->setData(u"spoilt"_s, QByteArray(300'000, 'S'));
+        preferences->setData(u"healthy"_s, QByteArray(300'000, 'H'));
         preferences->setBoolean(u"last"_s, true);
     }
     static QString smallValue(int number) {
-        return u"value %1 "_s.arg(number) + QString(100, u'.');
+        return u"value %1 "_s.arg(number) + QString(500, u'.');
     }
     void overwritePage(qsizetype page, char filling) {
         QFile file(m_file);
@@ -118,7 +118,7 @@ TEST_F(DamagedPreferencesTest, KeepAllButTheDocumentWithASpoiltPage) {
     const auto preferences = open();
     EXPECT_EQ(readableKeys(*preferences), 300);
     EXPECT_EQ(preferences->data(u"spoilt"_s), std::nullopt);
-    EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(100'000, 'H'));
+    EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(300'000, 'H'));
     EXPECT_TRUE(preferences->boolean(u"last"_s));
     expectUsable();
 }
@@ -131,7 +131,7 @@ TEST_F(DamagedPreferencesTest, NoticeASpoiltPageWhenWritingAndStoreWhatWasSet) {
     const auto preferences = open();
     EXPECT_EQ(preferences->data(u"spoilt"_s), "new");
     EXPECT_EQ(readableKeys(*preferences), 300);
-    EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(100'000, 'H'));
+    EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(300'000, 'H'));
 }
 
 TEST_F(DamagedPreferencesTest, KeepEverythingWhenOnlyTheIndexIsSpoilt) {
@@ -140,8 +140,8 @@ TEST_F(DamagedPreferencesTest, KeepEverythingWhenOnlyTheIndexIsSpoilt) {
     EXPECT_EQ(readableKeys(*open()), 300);
     expectMovedAside();
     const auto preferences = open();
-    EXPECT_EQ(preferences->data(u"spoilt"_s), QByteArray(100'000, 'S'));
-    EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(100'000, 'H'));
+    EXPECT_EQ(preferences->data(u"spoilt"_s), QByteArray(300'000, 'S'));
+    EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(300'000, 'H'));
     EXPECT_TRUE(preferences->boolean(u"last"_s));
 }
 
@@ -156,7 +156,7 @@ TEST_F(DamagedPreferencesTest, KeepWhatStandsAroundASpoiltPageOfTheTable) {
         EXPECT_EQ(preferences->text(u"key 0"_s), smallValue(0));
         EXPECT_EQ(preferences->text(u"key 299"_s), smallValue(299));
         EXPECT_EQ(preferences->text(u"key 150"_s), QString());
-        EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(100'000, 'H'));
+        EXPECT_EQ(preferences->data(u"healthy"_s), QByteArray(300'000, 'H'));
     }
     expectMovedAside();
     expectUsable();
@@ -177,7 +177,7 @@ TEST_F(DamagedPreferencesTest, KeepWhatIsLeftOfATruncatedFile) {
     EXPECT_GT(readable, 100);
     EXPECT_LT(readable, 300);
     expectMovedAside();
-    EXPECT_EQ(open()->data(u"healthy"_s), QByteArray(100'000, 'H'));
+    EXPECT_EQ(open()->data(u"healthy"_s), QByteArray(300'000, 'H'));
     EXPECT_EQ(readableKeys(*open()), readable);
     expectUsable();
 }

@@ -1,5 +1,5 @@
-#include "Platform/Common/ChildProcess.h"
 #include "Platform/Common/PreferencesTest.h"
+#include "Support/ChildProcess.h"
 
 #include <unistd.h>
 

@@ -1,5 +1,5 @@
-#include "Platform/Common/ChildProcess.h"
 #include "Platform/Common/PreferencesTest.h"
+#include "Support/ChildProcess.h"
 
 #include <QFileInfo>
 
@@ -143,7 +143,7 @@ TEST_F(TroubledPreferencesTest, TellOfTroubleAgainOnlyAfterASuccess) {
 TEST_F(TroubledPreferencesTest, KeepAFullDiskInMemoryAndStoreItAllWhenThereIsRoom) {
     QDir().mkpath(m_folder);
     test::withOwnMounts([&] {
-        test::mountSmallDisk(m_folder, "1m");
+        test::mountSmallDisk(m_folder, "2m");
         store({{u"kept"_s, u"value"_s}, {u"old"_s, u"value"_s}});
         const auto preferences = open();
         const QByteArray large(300'000, 'L');
@@ -171,7 +171,7 @@ TEST_F(TroubledPreferencesTest, KeepAFullDiskInMemoryAndStoreItAllWhenThereIsRoo
 TEST_F(TroubledPreferencesTest, ReadFromADiskThatWasFullBeforeTheyOpened) {
     QDir().mkpath(m_folder);
     test::withOwnMounts([&] {
-        test::mountSmallDisk(m_folder, "1m");
+        test::mountSmallDisk(m_folder, "2m");
         store({{u"kept"_s, u"value"_s}, {u"old"_s, u"value"_s}});
         fill(m_folder);
         const auto preferences = open();
@@ -187,7 +187,7 @@ TEST_F(TroubledPreferencesTest, ReadFromADiskThatWasFullBeforeTheyOpened) {
 TEST_F(TroubledPreferencesTest, BeginOnAFullDiskInMemory) {
     QDir().mkpath(m_folder);
     test::withOwnMounts([&] {
-        test::mountSmallDisk(m_folder, "1m");
+        test::mountSmallDisk(m_folder, "2m");
         fill(m_folder);
         const auto preferences = open();
         expectLifeInMemory(*preferences);

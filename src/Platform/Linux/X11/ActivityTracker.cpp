@@ -49,14 +49,16 @@ void ActivityTracker::noteHidden(const QString& key, const std::vector<WindowId>
     m_expectedHidden.insert(stillShown.begin(), stillShown.end());
 }
 
-void ActivityTracker::noteShown(const QString& key) {
+void ActivityTracker::noteShown(const QString& key, const std::vector<WindowId>& windows) {
     m_applications[key] = false;
+    for (const WindowId window : windows)
+        m_expectedHidden.erase(window);
 }
 
 void ActivityTracker::forgetFulfilledExpectations(const Desk& desk) {
     std::set<WindowId> stillExpected;
     for (const DeskWindow& window : desk.windows)
-        if (!window.isHidden && expectsHidden(window.facts.id))
+        if (!window.isHidden && m_expectedHidden.contains(window.facts.id))
             stillExpected.insert(window.facts.id);
     m_expectedHidden = std::move(stillExpected);
 }
@@ -64,7 +66,7 @@ void ActivityTracker::forgetFulfilledExpectations(const Desk& desk) {
 ActivityTracker::Hiddenness ActivityTracker::hiddenness(const Desk& desk) const {
     Hiddenness applications;
     for (const DeskWindow& window : desk.windows) {
-        const bool isHidden = window.isHidden || expectsHidden(window.facts.id);
+        const bool isHidden = window.isHidden || m_expectedHidden.contains(window.facts.id);
         const auto [place, isFirst] = applications.emplace(window.application.key, isHidden);
         if (!isFirst)
             place->second = place->second && isHidden;

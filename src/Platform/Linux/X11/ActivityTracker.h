@@ -32,10 +32,10 @@ public:
     /// hidden they count as if they were, so that a slow window manager does not look like a user
     /// who brings them back.
     void noteHidden(const QString& key, const std::vector<WindowId>& stillShown);
-    /// We showed the application again: that it shows windows is no news.
-    void noteShown(const QString& key);
-    /// Whether the window was asked to hide and has not been seen hidden yet.
-    bool expectsHidden(WindowId window) const { return m_expectedHidden.contains(window); }
+    /// We showed these windows of the application again: that it shows them is no news.
+    void noteShown(const QString& key, const std::vector<WindowId>& windows);
+    /// The windows that were asked to hide and have not been seen hidden yet.
+    const std::set<WindowId>& expectedHidden() const { return m_expectedHidden; }
 
 private:
     /// Which applications there are, and whether each is hidden.

@@ -44,8 +44,8 @@ private:
             return u"process:%1"_s.arg(facts.processIdentifier);
         if (facts.leader != 0)
             return u"client:%1"_s.arg(facts.leader);
-        if (!facts.className.isEmpty())
-            return u"class:"_s + facts.className;
+        if (!facts.wmClass.className.isEmpty())
+            return u"class:"_s + facts.wmClass.className;
         return u"window:%1"_s.arg(facts.id);
     }
 
@@ -75,7 +75,7 @@ private:
     void rememberName(const MatchedWindow& window) {
         QString& name = m_names[shared(window)];
         if (name.isEmpty())
-            name = window.facts.className;
+            name = window.facts.wmClass.className;
     }
 
     qint64 m_ownProcess;

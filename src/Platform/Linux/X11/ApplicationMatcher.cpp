@@ -82,7 +82,7 @@ const DesktopEntry* ApplicationMatcher::matchNames(const WindowFacts& window) co
         return own;
     // A page that a browser shows as an application of its own bears its own instance name beside
     // the browser's class, so the instance is asked first.
-    const std::array names{window.instanceName, window.className};
+    const std::array names{window.wmClass.instanceName, window.wmClass.className};
     for (const QString& name : names)
         if (const DesktopEntry* entry = m_byStartupWmClass.value(name))
             return entry;

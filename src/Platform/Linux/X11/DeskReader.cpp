@@ -54,17 +54,18 @@ MatchedWindow DeskReader::matched(const WindowFacts& facts) {
     return window;
 }
 
-/// What is known of each window is kept while it is listed. One without a class may have been
-/// listed before its program said who it is, so it is asked again.
-void DeskReader::getToKnow(const std::vector<WindowId>& windows) {
+/// What is known of a window is kept while it is there and calls itself the same.
+void DeskReader::getToKnow(const std::vector<WindowId>& windows,
+                           const std::vector<std::optional<WindowState>>& states) {
     std::map<WindowId, MatchedWindow> known;
     std::vector<WindowId> strangers;
-    for (const WindowId window : windows) {
-        const auto place = m_known.find(window);
-        if (place != m_known.end() && !place->second.facts.className.isEmpty())
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const auto place = m_known.find(windows[i]);
+        if (place != m_known.end() && states[i] &&
+            states[i]->wmClass == place->second.facts.wmClass)
             known.insert(*place);
-        else
-            strangers.push_back(window);
+        else if (states[i])
+            strangers.push_back(windows[i]);
     }
     for (const WindowFacts& facts : m_reader.facts(strangers))
         known.emplace(facts.id, matched(facts));
@@ -76,24 +77,21 @@ Desk DeskReader::look() {
     desk.activeWindow = activeWindow();
     m_workspaces = readWorkspaces(m_connection);
     const auto ids = windowList(m_connection.ewmh()._NET_CLIENT_LIST);
-    getToKnow(ids);
+    const auto states = m_reader.states(ids);
+    getToKnow(ids, states);
     std::vector<MatchedWindow> candidates;
-    std::vector<WindowId> candidateIds;
-    for (const WindowId id : ids) {
-        const auto known = m_known.find(id);
-        if (known->second.facts.kind != WindowKind::application)
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const auto known = m_known.find(ids[i]);
+        if (known == m_known.end() || known->second.facts.kind != WindowKind::application)
             continue;
         candidates.push_back(known->second);
-        candidateIds.push_back(id);
+        desk.windows.push_back(
+            {known->second.facts, *states[i], {}, m_hider->isHidden(*states[i], m_workspaces)});
     }
-    const auto states = m_reader.states(candidateIds);
     const auto applications = groupIntoApplications(candidates, QCoreApplication::applicationPid());
-    for (std::size_t i = 0; i < candidates.size(); ++i) {
-        if (!states[i] || applications[i].isOurs)
-            continue;
-        desk.windows.push_back({candidates[i].facts, *states[i], applications[i],
-                                m_hider->isHidden(*states[i], m_workspaces)});
-    }
+    for (std::size_t i = 0; i < candidates.size(); ++i)
+        desk.windows[i].application = applications[i];
+    std::erase_if(desk.windows, [](const DeskWindow& window) { return window.application.isOurs; });
     return desk;
 }
 

@@ -27,7 +27,7 @@ public:
 
     /// Everything as it stands. Who can hide windows must have been met.
     Desk look();
-    /// The windows that we left where hiding puts windows.
+    /// Whether the window, as last looked at, is where hiding puts windows.
     bool isPutAway(const DeskWindow& window) const;
     /// Whether any window bears our mark; cheap.
     bool hasMarkedWindows() const;
@@ -35,14 +35,15 @@ public:
     std::vector<WindowId> ownShownWindows();
     WindowId activeWindow() const;
 
-    /// Forgets what is known of windows, for windows may have gone and others have got their ids.
+    /// Asks all windows afresh at the next look.
     void forgetWindows() { m_known.clear(); }
     /// Reads the desktop entries afresh at the next look.
     void forgetEntries();
 
 private:
     std::vector<WindowId> windowList(xcb_atom_t list) const;
-    void getToKnow(const std::vector<WindowId>& windows);
+    void getToKnow(const std::vector<WindowId>& windows,
+                   const std::vector<std::optional<WindowState>>& states);
     MatchedWindow matched(const WindowFacts& facts);
     const ApplicationMatcher& matcher();
 

@@ -14,6 +14,7 @@ public:
 
     bool isHidden(const WindowState& state, const Workspaces& workspaces) const override;
     bool isPutAway(const WindowState& state, const Workspaces& workspaces) const override;
+    bool isOutOfView(const WindowState& state, const Workspaces& workspaces) const override;
     void show(const std::vector<DeskWindow>& windows) override;
 
 private:

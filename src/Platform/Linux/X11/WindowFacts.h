@@ -19,13 +19,19 @@ enum class WindowKind {
     furniture,
 };
 
+/// WM_CLASS: the instance's name and the class's.
+struct WindowClass {
+    QString instanceName;
+    QString className;
+
+    bool operator==(const WindowClass&) const = default;
+};
+
 /// What a window says of itself once and for all.
 struct WindowFacts {
     WindowId id = 0;
     WindowKind kind = WindowKind::application;
-    /// WM_CLASS, both parts.
-    QString instanceName;
-    QString className;
+    WindowClass wmClass;
     /// _GTK_APPLICATION_ID, or else _KDE_NET_WM_DESKTOP_FILE: a desktop entry's id.
     QString applicationId;
     /// The process on this machine that shows the window; 0 when it is not known to be one.
@@ -50,6 +56,9 @@ struct WindowState {
     /// _NET_WM_USER_TIME, in the server's milliseconds.
     std::optional<std::uint32_t> userTime;
     std::optional<HiddenMark> mark;
+    /// As it reads now: some programs say only late who they are, and the id of a window that is
+    /// gone may soon be another's.
+    WindowClass wmClass;
 
     static constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
 

@@ -28,9 +28,17 @@ WindowHider::WindowHider(XConnection& connection, const WindowReader& reader)
 std::vector<WindowId> WindowHider::hide(const std::vector<DeskWindow>& windows,
                                         const QString& run) {
     markAndHide(windows, run);
-    return waitFor(idsOf(windows), [this](const WindowState& state) {
-        return isHidden(state, readWorkspaces(m_connection));
+    waitFor(idsOf(windows), [this](const WindowState& state) {
+        return isOutOfView(state, readWorkspaces(m_connection));
     });
+    const Workspaces workspaces = readWorkspaces(m_connection);
+    std::vector<WindowId> ids = idsOf(windows);
+    const auto states = m_reader.states(ids);
+    std::vector<WindowId> notHidden;
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        if (states[i] && !isHidden(*states[i], workspaces))
+            notHidden.push_back(ids[i]);
+    return notHidden;
 }
 
 void WindowHider::mark(WindowId window, const HiddenMark& mark) {
@@ -57,6 +65,11 @@ std::vector<WindowId> WindowHider::waitUntilShown(const std::vector<DeskWindow>&
     return waitFor(idsOf(windows), [this](const WindowState& state) {
         return !isPutAway(state, readWorkspaces(m_connection));
     });
+}
+
+std::vector<std::optional<WindowState>>
+WindowHider::statesOf(const std::vector<WindowId>& windows) const {
+    return m_reader.states(windows);
 }
 
 WindowId WindowHider::activeWindow() const {

@@ -39,8 +39,13 @@ public:
     /// Whether a window in this state is where hiding puts windows, even if that is in view.
     virtual bool isPutAway(const WindowState& state, const Workspaces& workspaces) const = 0;
 
+    /// Whether nobody can see a window in this state, whatever the reason.
+    virtual bool isOutOfView(const WindowState& state, const Workspaces& workspaces) const = 0;
+
     /// Marks the shown windows `windows` as hidden by `run` and hides them. Returns once they are
-    /// hidden, at most `patience` later, those that are still shown.
+    /// out of view, at most `patience` later, those that are not hidden yet. Of a window that is
+    /// out of view already not every window manager takes note; it is to be hidden again when it
+    /// comes into view.
     std::vector<WindowId> hide(const std::vector<DeskWindow>& windows, const QString& run);
     /// Shows windows that were put away, and gives the focus back to the window that has it now.
     /// Returns once that is done, after a few times `patience` at most. The marks stay.
@@ -59,8 +64,10 @@ protected:
     /// are not fine after `patience`.
     std::vector<WindowId> waitFor(std::vector<WindowId> windows,
                                   const std::function<bool(const WindowState&)>& isFine) const;
+    /// Waits until the windows are not put away any more; returns those that still are.
     std::vector<WindowId> waitUntilShown(const std::vector<DeskWindow>& windows) const;
     WindowId activeWindow() const;
+    std::vector<std::optional<WindowState>> statesOf(const std::vector<WindowId>& windows) const;
 
 private:
     XConnection& m_connection;

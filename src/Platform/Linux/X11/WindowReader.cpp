@@ -25,6 +25,13 @@ WindowId groupOf(const XProperty& hints) {
     return hasGroup ? words[groupField] : 0;
 }
 
+WindowClass classOf(const XProperty& property) {
+    const auto names = property.texts();
+    if (names.empty())
+        return {};
+    return {names.front(), names.size() > 1 ? names[1] : names.front()};
+}
+
 } // namespace
 
 WindowReader::WindowReader(const XConnection& connection)
@@ -110,9 +117,7 @@ std::vector<WindowFacts> WindowReader::facts(const std::vector<WindowId>& window
             continue;
         const auto& [wmClass, gtkId, kdeFile, pid, machine, transientFor, leader, hints, types] =
             *properties;
-        const auto names = wmClass.texts();
-        window.instanceName = names.empty() ? QString() : names[0];
-        window.className = names.size() < 2 ? window.instanceName : names[1];
+        window.wmClass = classOf(wmClass);
         window.applicationId = gtkId.text().isEmpty() ? kdeFile.text() : gtkId.text();
         window.transientFor = transientFor.word().value_or(0);
         window.leader = leader.word().value_or(groupOf(hints));
@@ -125,10 +130,10 @@ std::vector<WindowFacts> WindowReader::facts(const std::vector<WindowId>& window
 std::vector<std::optional<WindowState>>
 WindowReader::states(const std::vector<WindowId>& windows) const {
     const auto& ewmh = m_connection.ewmh();
-    const auto cookies =
-        askAll<6>(windows, {m_connection.atom(XAtom::wmState), ewmh._NET_WM_STATE,
-                            ewmh._NET_WM_DESKTOP, m_connection.atom(XAtom::tolvarHidden),
-                            ewmh._NET_WM_USER_TIME, ewmh._NET_WM_USER_TIME_WINDOW});
+    const auto cookies = askAll<7>(
+        windows, {m_connection.atom(XAtom::wmState), ewmh._NET_WM_STATE, ewmh._NET_WM_DESKTOP,
+                  m_connection.atom(XAtom::tolvarHidden), ewmh._NET_WM_USER_TIME,
+                  ewmh._NET_WM_USER_TIME_WINDOW, XCB_ATOM_WM_CLASS});
     std::vector<std::optional<WindowState>> states;
     std::vector<XProperty> timeWindows;
     for (const auto& asked : cookies) {
@@ -137,14 +142,16 @@ WindowReader::states(const std::vector<WindowId>& windows) const {
         const auto properties = takeAll(asked);
         if (!properties)
             continue;
-        const auto& [icccmState, netStates, desktop, mark, userTime, userTimeWindow] = *properties;
+        const auto& [icccmState, netStates, desktop, mark, userTime, userTimeWindow, wmClass] =
+            *properties;
         const auto flags = netStates.words();
         state = WindowState{icccmState.word(),
                             contains(flags, ewmh._NET_WM_STATE_HIDDEN),
                             contains(flags, ewmh._NET_WM_STATE_SHADED),
                             desktop.word(),
                             userTime.word(),
-                            HiddenMark::fromText(mark.text())};
+                            HiddenMark::fromText(mark.text()),
+                            classOf(wmClass)};
         timeWindow = userTimeWindow;
     }
     const auto apartTimes = userTimesOf(timeWindows);

@@ -19,8 +19,6 @@ public:
     /// Watches the root's properties, and the window manager's window for its end.
     void watchDesktop(xcb_window_t managerWindow);
     void watchNothing();
-    /// Windows may have gone and others have got their ids.
-    void forget() { m_windows.clear(); }
 
 private:
     XConnection& m_connection;

@@ -2,11 +2,11 @@
 
 #include "Platform/Linux/X11/ActivityTracker.h"
 #include "Platform/Linux/X11/DeskReader.h"
+#include "Platform/Linux/X11/HidingLedger.h"
 #include "Platform/Linux/X11/WindowWatch.h"
 #include "Platform/Linux/X11/XConnection.h"
 
 #include <QSocketNotifier>
-#include <QUuid>
 
 #include <algorithm>
 #include <map>
@@ -16,17 +16,6 @@ namespace tolvar {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// What a batch of events says may have changed.
-struct News {
-    bool isRelevant = false;
-    int clientListChanges = 0;
-};
-
-/// Whether the mark was set when the window was last in its user's hands.
-bool isFresh(const DeskWindow& window) {
-    return window.state.mark && window.state.mark->userTime == window.state.userTime;
-}
 
 } // namespace
 
@@ -38,7 +27,6 @@ public:
     bool canHide();
     /// The desktop now; nothing of it where windows cannot be hidden.
     Desk look();
-    std::optional<RunningApplication> frontmost();
     void hide(const QString& key);
     void unhide(const QString& key);
     void activateSelf();
@@ -52,14 +40,12 @@ private:
     void endObservation(int id);
 
     Desk lookAndWatch();
-    void adopt(const DeskWindow& window);
-    bool isOurDoing(const DeskWindow& window) const;
-    void dropOutdatedMarks(const Desk& desk);
+    void finish();
     void tellObservers(const std::vector<Activity>& activities);
 
     void readEvents();
     void readEventsSoon();
-    News collectNews();
+    bool takeNews();
     bool isRelevant(const xcb_property_notify_event_t& event) const;
     void catchUp();
     bool isLost();
@@ -67,11 +53,10 @@ private:
     std::unique_ptr<XConnection> m_connection;
     SystemLog& m_log;
     DeskReader m_reader;
+    HidingLedger m_ledger;
     WindowWatch m_watch;
     ActivityTracker m_tracker;
     QSocketNotifier m_notifier;
-    /// Names this run in the marks.
-    const QString m_run = QUuid::createUuid().toString(QUuid::Id128);
     std::map<int, Observer> m_observers;
     int m_nextObserver = 0;
     bool m_isReadingDue = false;
@@ -83,6 +68,7 @@ X11Workspace::Session::Session(std::unique_ptr<XConnection> connection, DesktopE
     : m_connection(std::move(connection))
     , m_log(log)
     , m_reader(*m_connection, std::move(entries))
+    , m_ledger(*m_connection, m_reader)
     , m_watch(*m_connection)
     , m_notifier(m_connection->fileDescriptor(), QSocketNotifier::Read) {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
@@ -112,63 +98,31 @@ Desk X11Workspace::Session::look() {
     return desk;
 }
 
-std::optional<RunningApplication> X11Workspace::Session::frontmost() {
-    return look().frontmost();
-}
-
 void X11Workspace::Session::hide(const QString& key) {
-    std::vector<DeskWindow> shown;
-    for (const DeskWindow& window : look().windowsOf(key)) {
-        if (!window.isHidden)
-            shown.push_back(window);
-        else if (isOurDoing(window))
-            adopt(window);
-    }
-    if (shown.empty())
+    const auto windows = look().windowsOf(key);
+    if (windows.empty())
         return;
-    m_watch.watchAlso(idsOf(shown));
-    m_tracker.noteHidden(key, m_reader.hider()->hide(shown, m_run));
-    if (!isObserved())
-        m_watch.watchNothing();
-    m_connection->flush();
-    readEventsSoon();
-}
-
-/// What an earlier run hid is ours now, whatever its user does with it from now on.
-void X11Workspace::Session::adopt(const DeskWindow& window) {
-    HiddenMark mark = *window.state.mark;
-    mark.run = m_run;
-    m_connection->setText(window.facts.id, XAtom::tolvarHidden, mark.toText());
-    m_connection->flush();
-}
-
-/// A mark of this run is good as long as it stands, for it is dropped when its window shows. One
-/// of an earlier run may have been left behind by a window that was shown and hidden again since.
-bool X11Workspace::Session::isOurDoing(const DeskWindow& window) const {
-    return m_reader.isPutAway(window) && window.state.mark &&
-           (window.state.mark->run == m_run || isFresh(window));
+    m_watch.watchAlso(idsOf(windows));
+    m_tracker.noteHidden(key, m_ledger.hide(windows));
+    finish();
 }
 
 void X11Workspace::Session::unhide(const QString& key) {
-    std::vector<DeskWindow> ours;
-    std::vector<WindowId> marked;
-    for (const DeskWindow& window : look().windowsOf(key)) {
-        if (!window.state.mark)
-            continue;
-        marked.push_back(window.facts.id);
-        if (isOurDoing(window))
-            ours.push_back(window);
-    }
-    if (!ours.empty()) {
-        m_watch.watchAlso(idsOf(ours));
-        m_reader.hider()->show(ours);
-        m_tracker.noteShown(key);
-        if (!isObserved())
-            m_watch.watchNothing();
-    }
-    for (const WindowId window : marked)
-        m_connection->removeProperty(window, XAtom::tolvarHidden);
-    m_connection->flush();
+    const auto windows = look().windowsOf(key);
+    if (windows.empty())
+        return;
+    m_watch.watchAlso(idsOf(windows));
+    m_ledger.show(windows);
+    m_tracker.noteShown(key, idsOf(windows));
+    finish();
+}
+
+/// After changes that were asked for: sees to it that they are done, for this process may end now,
+/// and that what they caused is read where somebody observes.
+void X11Workspace::Session::finish() {
+    if (!isObserved())
+        m_watch.watchNothing();
+    m_connection->sync();
     readEventsSoon();
 }
 
@@ -188,24 +142,16 @@ std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
     if (!canHide() || !m_reader.hasMarkedWindows())
         return {};
     const Desk desk = look();
-    dropOutdatedMarks(desk);
+    m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
+    m_connection->flush();
     std::vector<ApplicationHandle> handles;
     for (const DeskWindow& window : desk.windows) {
         const ApplicationHandle handle{window.application.key};
-        if (isOurDoing(window) && window.state.mark->run != m_run &&
+        if (m_ledger.isOfEarlierRun(window) &&
             std::find(handles.begin(), handles.end(), handle) == handles.end())
             handles.push_back(handle);
     }
     return handles;
-}
-
-/// A window that is shown, or that its user has had in hand, is not hidden by us any more. A mark
-/// left on it would show it one day against the will of a user who minimised it.
-void X11Workspace::Session::dropOutdatedMarks(const Desk& desk) {
-    for (const DeskWindow& window : desk.windows)
-        if (window.state.mark && !isOurDoing(window) && !m_tracker.expectsHidden(window.facts.id))
-            m_connection->removeProperty(window.facts.id, XAtom::tolvarHidden);
-    m_connection->flush();
 }
 
 Subscription X11Workspace::Session::observe(Observer observer) {
@@ -242,13 +188,15 @@ void X11Workspace::Session::stopWatching() {
     m_connection->flush();
 }
 
-/// Hidden windows are watched for being shown, and those without a class for getting one.
+/// Windows that are hidden or about to be are watched for being shown, and those without a class
+/// for getting one.
 Desk X11Workspace::Session::lookAndWatch() {
     for (;;) {
         Desk desk = m_reader.look();
         std::set<WindowId> wanted;
         for (const DeskWindow& window : desk.windows)
-            if (window.isHidden || window.facts.className.isEmpty())
+            if (window.isHidden || m_tracker.expectedHidden().contains(window.facts.id) ||
+                window.facts.wmClass.className.isEmpty())
                 wanted.insert(window.facts.id);
         if (!m_watch.watchOnly(wanted))
             return desk;
@@ -262,7 +210,9 @@ void X11Workspace::Session::catchUp() {
     m_watch.watchDesktop(m_reader.managerWindow());
     const Desk desk = lookAndWatch();
     const auto activities = m_tracker.update(desk);
-    dropOutdatedMarks(desk);
+    m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
+    m_ledger.hidePostponed(desk);
+    m_connection->flush();
     tellObservers(activities);
 }
 
@@ -285,13 +235,9 @@ void X11Workspace::Session::tellObservers(const std::vector<Activity>& activitie
 
 void X11Workspace::Session::readEvents() {
     const auto alive = shared_from_this();
-    const News news = collectNews();
-    if (isLost() || !isObserved() || !news.isRelevant)
+    const bool isNews = takeNews();
+    if (isLost() || !isObserved() || !isNews)
         return;
-    if (news.clientListChanges > 1) {
-        m_reader.forgetWindows();
-        m_watch.forget();
-    }
     catchUp();
     readEventsSoon();
 }
@@ -310,20 +256,16 @@ void X11Workspace::Session::readEventsSoon() {
         Qt::QueuedConnection);
 }
 
-News X11Workspace::Session::collectNews() {
-    News news;
+/// Takes all events that have arrived. Returns whether any of them is worth a look.
+bool X11Workspace::Session::takeNews() {
+    bool isNews = false;
     while (const auto event = m_connection->nextEvent()) {
         const int type = event->response_type & 0x7f;
-        if (type == XCB_DESTROY_NOTIFY)
-            news.isRelevant = true;
-        if (type != XCB_PROPERTY_NOTIFY)
-            continue;
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
-        news.isRelevant = news.isRelevant || isRelevant(change);
-        if (change.atom == m_connection->ewmh()._NET_CLIENT_LIST)
-            ++news.clientListChanges;
+        isNews = isNews || type == XCB_DESTROY_NOTIFY ||
+                 (type == XCB_PROPERTY_NOTIFY &&
+                  isRelevant(reinterpret_cast<const xcb_property_notify_event_t&>(*event)));
     }
-    return news;
+    return isNews;
 }
 
 bool X11Workspace::Session::isRelevant(const xcb_property_notify_event_t& event) const {
@@ -331,8 +273,8 @@ bool X11Workspace::Session::isRelevant(const xcb_property_notify_event_t& event)
     if (event.window == m_connection->root())
         return event.atom == ewmh._NET_CLIENT_LIST || event.atom == ewmh._NET_ACTIVE_WINDOW ||
                event.atom == ewmh._NET_SUPPORTING_WM_CHECK;
-    return event.atom == ewmh._NET_WM_STATE || event.atom == ewmh._NET_WM_DESKTOP ||
-           event.atom == XCB_ATOM_WM_CLASS;
+    return event.atom == m_connection->atom(XAtom::wmState) || event.atom == ewmh._NET_WM_STATE ||
+           event.atom == ewmh._NET_WM_DESKTOP || event.atom == XCB_ATOM_WM_CLASS;
 }
 
 X11Workspace::X11Workspace(std::shared_ptr<Session> session)
@@ -357,7 +299,7 @@ std::vector<RunningApplication> X11Workspace::runningApplications() const {
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
-    return m_session->frontmost();
+    return m_session->look().frontmost();
 }
 
 std::optional<RunningApplication> X11Workspace::application(const ApplicationHandle& handle) const {

@@ -210,10 +210,8 @@ void XConnection::flush() {
     xcb_flush(get());
 }
 
-bool XConnection::isViewable(xcb_window_t window) const {
-    const auto attributes =
-        takeReply(xcb_get_window_attributes_reply, get(), xcb_get_window_attributes(get(), window));
-    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+void XConnection::sync() {
+    takeReply(xcb_get_input_focus_reply, get(), xcb_get_input_focus(get()));
 }
 
 bool XConnection::collectEvents() {

@@ -1,4 +1,4 @@
-#include "Platform/Common/ChildProcess.h"
+#include "Support/ChildProcess.h"
 
 #include <QFile>
 

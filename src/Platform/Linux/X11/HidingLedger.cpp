@@ -1,0 +1,103 @@
+#include "Platform/Linux/X11/HidingLedger.h"
+
+#include <QUuid>
+
+#include <xcb/xcb_icccm.h>
+
+#include <algorithm>
+
+namespace tolvar {
+
+namespace {
+
+/// Whether the window has not been in its user's hands since it was marked.
+bool isUntouched(const DeskWindow& window) {
+    return window.state.mark->userTime == window.state.userTime;
+}
+
+} // namespace
+
+HidingLedger::HidingLedger(XConnection& connection, DeskReader& reader)
+    : m_connection(connection)
+    , m_reader(reader)
+    , m_run(QUuid::createUuid().toString(QUuid::Id128)) {}
+
+/// A mark of this run is good as long as it stands, for it is dropped when its window shows. One
+/// of an earlier run may have been left behind by a window that was shown and hidden again since.
+bool HidingLedger::isOurDoing(const DeskWindow& window) const {
+    return window.state.mark && m_reader.isPutAway(window) &&
+           (window.state.mark->run == m_run || isUntouched(window));
+}
+
+bool HidingLedger::isOfEarlierRun(const DeskWindow& window) const {
+    return isOurDoing(window) && window.state.mark->run != m_run;
+}
+
+std::vector<WindowId> HidingLedger::hide(const std::vector<DeskWindow>& windows) {
+    std::vector<DeskWindow> shown;
+    for (const DeskWindow& window : windows) {
+        if (!window.isHidden)
+            shown.push_back(window);
+        else if (isOfEarlierRun(window))
+            adopt(window);
+    }
+    if (shown.empty())
+        return {};
+    const auto notHidden = m_reader.hider()->hide(shown, m_run);
+    postpone(shown, notHidden);
+    return notHidden;
+}
+
+void HidingLedger::postpone(const std::vector<DeskWindow>& windows,
+                            const std::vector<WindowId>& notHidden) {
+    for (const DeskWindow& window : windows) {
+        const WindowId id = window.facts.id;
+        const bool wasOutOfView = window.state.icccmState == XCB_ICCCM_WM_STATE_ICONIC;
+        if (wasOutOfView && std::find(notHidden.begin(), notHidden.end(), id) != notHidden.end())
+            m_postponed.insert(id);
+    }
+}
+
+void HidingLedger::hidePostponed(const Desk& desk) {
+    std::vector<DeskWindow> inView;
+    std::set<WindowId> stillPostponed;
+    for (const DeskWindow& window : desk.windows) {
+        if (!m_postponed.contains(window.facts.id) || window.isHidden)
+            continue;
+        if (window.state.icccmState == XCB_ICCCM_WM_STATE_NORMAL)
+            inView.push_back(window);
+        else
+            stillPostponed.insert(window.facts.id);
+    }
+    m_postponed = std::move(stillPostponed);
+    if (!inView.empty())
+        m_reader.hider()->hide(inView, m_run);
+}
+
+void HidingLedger::adopt(const DeskWindow& window) {
+    HiddenMark mark = *window.state.mark;
+    mark.run = m_run;
+    m_connection.setText(window.facts.id, XAtom::tolvarHidden, mark.toText());
+}
+
+void HidingLedger::show(const std::vector<DeskWindow>& windows) {
+    std::vector<DeskWindow> ours;
+    for (const DeskWindow& window : windows)
+        if (isOurDoing(window))
+            ours.push_back(window);
+    if (!ours.empty())
+        m_reader.hider()->show(ours);
+    for (const DeskWindow& window : windows) {
+        m_postponed.erase(window.facts.id);
+        if (window.state.mark)
+            m_connection.removeProperty(window.facts.id, XAtom::tolvarHidden);
+    }
+}
+
+void HidingLedger::dropOutdatedMarks(const Desk& desk, const std::set<WindowId>& expected) {
+    for (const DeskWindow& window : desk.windows)
+        if (window.state.mark && !isOurDoing(window) && !expected.contains(window.facts.id))
+            m_connection.removeProperty(window.facts.id, XAtom::tolvarHidden);
+}
+
+} // namespace tolvar
