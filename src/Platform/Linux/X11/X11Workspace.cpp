@@ -160,7 +160,7 @@ std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
     m_ledger.letEarlierRunsSettle(look());
     const Desk desk = look();
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
-    m_connection->flush();
+    m_connection->sync();
     std::vector<ApplicationHandle> handles;
     for (const DeskWindow& window : desk.windows) {
         const ApplicationHandle handle{window.application.key};
