@@ -41,12 +41,13 @@ private:
 
     Desk lookAndWatch();
     void finish();
+    bool knowsHowToHide();
     void tellObservers(const std::vector<Activity>& activities);
 
     void readEvents();
     void readEventsSoon();
     bool takeNews();
-    bool isRelevant(const xcb_property_notify_event_t& event) const;
+    bool isNewsOf(const xcb_property_notify_event_t& change);
     void catchUp();
     bool isLost();
 
@@ -59,6 +60,9 @@ private:
     QSocketNotifier m_notifier;
     std::map<int, Observer> m_observers;
     int m_nextObserver = 0;
+    bool m_isManagerKnown = false;
+    /// The desktop as it was just seen and reported.
+    std::optional<Desk> m_justSeen;
     bool m_isReadingDue = false;
     bool m_isLossLogged = false;
 };
@@ -88,8 +92,17 @@ bool X11Workspace::Session::canHide() {
     return !isLost() && m_reader.meetWindowManager();
 }
 
+/// While it is observed, events tell when the window manager changes.
+bool X11Workspace::Session::knowsHowToHide() {
+    if (isLost())
+        return false;
+    if (!isObserved() || !m_isManagerKnown)
+        m_isManagerKnown = m_reader.meetWindowManager();
+    return m_isManagerKnown;
+}
+
 Desk X11Workspace::Session::look() {
-    if (!canHide())
+    if (!knowsHowToHide())
         return {};
     if (!isObserved())
         m_reader.forgetWindows();
@@ -99,7 +112,9 @@ Desk X11Workspace::Session::look() {
 }
 
 void X11Workspace::Session::hide(const QString& key) {
-    const auto windows = look().windowsOf(key);
+    // Who hides what was just reported need not look again.
+    const auto seen = std::exchange(m_justSeen, std::nullopt);
+    const auto windows = (seen ? *seen : look()).windowsOf(key);
     if (windows.empty())
         return;
     m_watch.watchAlso(idsOf(windows));
@@ -108,6 +123,7 @@ void X11Workspace::Session::hide(const QString& key) {
 }
 
 void X11Workspace::Session::unhide(const QString& key) {
+    m_justSeen.reset();
     const auto windows = look().windowsOf(key);
     if (windows.empty())
         return;
@@ -141,9 +157,10 @@ void X11Workspace::Session::activateSelf() {
 std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
     if (!canHide() || !m_reader.hasMarkedWindows())
         return {};
+    m_ledger.letEarlierRunsSettle(look());
     const Desk desk = look();
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
-    m_connection->flush();
+    m_connection->sync();
     std::vector<ApplicationHandle> handles;
     for (const DeskWindow& window : desk.windows) {
         const ApplicationHandle handle{window.application.key};
@@ -175,9 +192,11 @@ void X11Workspace::Session::startWatching() {
     if (isLost())
         return;
     m_reader.forgetEntries();
-    const bool canLook = m_reader.meetWindowManager();
+    m_isManagerKnown = m_reader.meetWindowManager();
     m_watch.watchDesktop(m_reader.managerWindow());
-    m_tracker.begin(canLook ? lookAndWatch() : Desk());
+    if (m_isManagerKnown)
+        m_ledger.letEarlierRunsSettle(m_reader.look());
+    m_tracker.begin(m_isManagerKnown ? lookAndWatch() : Desk());
     m_connection->flush();
     readEventsSoon();
 }
@@ -205,7 +224,7 @@ Desk X11Workspace::Session::lookAndWatch() {
 
 void X11Workspace::Session::catchUp() {
     // Between two window managers the client list tells nothing.
-    if (!canHide())
+    if (!knowsHowToHide())
         return;
     m_watch.watchDesktop(m_reader.managerWindow());
     const Desk desk = lookAndWatch();
@@ -213,7 +232,9 @@ void X11Workspace::Session::catchUp() {
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
     m_ledger.hidePostponed(desk);
     m_connection->flush();
+    m_justSeen = desk;
     tellObservers(activities);
+    m_justSeen.reset();
 }
 
 void X11Workspace::Session::tellObservers(const std::vector<Activity>& activities) {
@@ -261,20 +282,25 @@ bool X11Workspace::Session::takeNews() {
     bool isNews = false;
     while (const auto event = m_connection->nextEvent()) {
         const int type = event->response_type & 0x7f;
-        isNews = isNews || type == XCB_DESTROY_NOTIFY ||
-                 (type == XCB_PROPERTY_NOTIFY &&
-                  isRelevant(reinterpret_cast<const xcb_property_notify_event_t&>(*event)));
+        if (type == XCB_DESTROY_NOTIFY)
+            m_isManagerKnown = false;
+        isNews = isNews || type == XCB_DESTROY_NOTIFY;
+        if (type == XCB_PROPERTY_NOTIFY &&
+            isNewsOf(reinterpret_cast<const xcb_property_notify_event_t&>(*event)))
+            isNews = true;
     }
     return isNews;
 }
 
-bool X11Workspace::Session::isRelevant(const xcb_property_notify_event_t& event) const {
+bool X11Workspace::Session::isNewsOf(const xcb_property_notify_event_t& change) {
     const auto& ewmh = m_connection->ewmh();
-    if (event.window == m_connection->root())
-        return event.atom == ewmh._NET_CLIENT_LIST || event.atom == ewmh._NET_ACTIVE_WINDOW ||
-               event.atom == ewmh._NET_SUPPORTING_WM_CHECK;
-    return event.atom == m_connection->atom(XAtom::wmState) || event.atom == ewmh._NET_WM_STATE ||
-           event.atom == ewmh._NET_WM_DESKTOP || event.atom == XCB_ATOM_WM_CLASS;
+    if (change.atom == ewmh._NET_SUPPORTING_WM_CHECK)
+        m_isManagerKnown = false;
+    if (change.window == m_connection->root())
+        return change.atom == ewmh._NET_CLIENT_LIST || change.atom == ewmh._NET_ACTIVE_WINDOW ||
+               change.atom == ewmh._NET_SUPPORTING_WM_CHECK;
+    return change.atom == m_connection->atom(XAtom::wmState) || change.atom == ewmh._NET_WM_STATE ||
+           change.atom == ewmh._NET_WM_DESKTOP || change.atom == XCB_ATOM_WM_CLASS;
 }
 
 X11Workspace::X11Workspace(std::shared_ptr<Session> session)
