@@ -60,6 +60,7 @@ private:
     QSocketNotifier m_notifier;
     std::map<int, Observer> m_observers;
     int m_nextObserver = 0;
+    ActivityTracker::Focus m_focus = ActivityTracker::Focus::stayed;
     bool m_isManagerKnown = false;
     /// The desktop as it was just seen and reported.
     std::optional<Desk> m_justSeen;
@@ -89,16 +90,16 @@ bool X11Workspace::Session::isLost() {
 }
 
 bool X11Workspace::Session::canHide() {
-    return !isLost() && m_reader.meetWindowManager();
+    m_isManagerKnown = !isLost() && m_reader.meetWindowManager();
+    readEventsSoon();
+    return m_isManagerKnown;
 }
 
 /// While it is observed, events tell when the window manager changes.
 bool X11Workspace::Session::knowsHowToHide() {
     if (isLost())
         return false;
-    if (!isObserved() || !m_isManagerKnown)
-        m_isManagerKnown = m_reader.meetWindowManager();
-    return m_isManagerKnown;
+    return (isObserved() && m_isManagerKnown) || canHide();
 }
 
 Desk X11Workspace::Session::look() {
@@ -152,6 +153,7 @@ void X11Workspace::Session::activateSelf() {
     m_connection->tellWindowManager(own.back(), m_connection->ewmh()._NET_ACTIVE_WINDOW,
                                     {XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER, XCB_CURRENT_TIME, 0, 0, 0});
     m_connection->flush();
+    readEventsSoon();
 }
 
 std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
@@ -168,6 +170,7 @@ std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
             std::find(handles.begin(), handles.end(), handle) == handles.end())
             handles.push_back(handle);
     }
+    readEventsSoon();
     return handles;
 }
 
@@ -228,7 +231,8 @@ void X11Workspace::Session::catchUp() {
         return;
     m_watch.watchDesktop(m_reader.managerWindow());
     const Desk desk = lookAndWatch();
-    const auto activities = m_tracker.update(desk);
+    const auto focus = std::exchange(m_focus, ActivityTracker::Focus::stayed);
+    const auto activities = m_tracker.update(desk, focus);
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
     m_ledger.hidePostponed(desk);
     m_connection->flush();
@@ -296,6 +300,8 @@ bool X11Workspace::Session::isNewsOf(const xcb_property_notify_event_t& change) 
     const auto& ewmh = m_connection->ewmh();
     if (change.atom == ewmh._NET_SUPPORTING_WM_CHECK)
         m_isManagerKnown = false;
+    if (change.atom == ewmh._NET_ACTIVE_WINDOW)
+        m_focus = ActivityTracker::Focus::moved;
     if (change.window == m_connection->root())
         return change.atom == ewmh._NET_CLIENT_LIST || change.atom == ewmh._NET_ACTIVE_WINDOW ||
                change.atom == ewmh._NET_SUPPORTING_WM_CHECK;

@@ -42,9 +42,10 @@ const QString mail = u"mail"_s;
 
 class ActivityTrackerTest : public testing::Test {
 public:
-    Texts news(const Desk& desk) {
+    using Focus = ActivityTracker::Focus;
+    Texts news(const Desk& desk, Focus focus = Focus::stayed) {
         Texts texts;
-        for (const Activity& activity : tracker.update(desk))
+        for (const Activity& activity : tracker.update(desk, focus))
             texts.push_back(
                 (activity.kind == Activity::Kind::launched ? u"launched "_s : u"activated "_s) +
                 activity.application.localizedName);
@@ -116,9 +117,23 @@ TEST_F(ActivityTrackerTest, TellsANewWindowWhileAnotherIsStillToBeHidden) {
 TEST_F(ActivityTrackerTest, ReportsAnApplicationAsItIsAndNotAsItIsExpected) {
     tracker.begin(DeskOf().shown(1, chat).shown(2, mail).active(2));
     tracker.noteHidden(chat, {1});
-    const auto activities = tracker.update(DeskOf().shown(1, chat).shown(2, mail).active(1));
+    const auto activities =
+        tracker.update(DeskOf().shown(1, chat).shown(2, mail).active(1), Focus::moved);
     ASSERT_EQ(activities.size(), 1u);
     EXPECT_FALSE(activities[0].application.isHidden);
+}
+
+TEST_F(ActivityTrackerTest, TellsAnApplicationThatWasHiddenAndBroughtBackBetweenTwoLooks) {
+    tracker.begin(DeskOf().shown(1, chat).active(1));
+    tracker.noteHidden(chat, {1});
+    EXPECT_EQ(news(DeskOf().shown(1, chat).active(1), Focus::stayed), Texts());
+    tracker.noteHidden(chat, {1});
+    EXPECT_EQ(news(DeskOf().shown(1, chat).active(1), Focus::moved), Texts{u"activated chat"_s});
+}
+
+TEST_F(ActivityTrackerTest, TellsNothingWhenTheFocusComesBackToAnApplicationInView) {
+    tracker.begin(DeskOf().shown(1, chat).active(1));
+    EXPECT_EQ(news(DeskOf().shown(1, chat).active(1), Focus::moved), Texts());
 }
 
 TEST_F(ActivityTrackerTest, TellsNothingOfWindowsThatWeShowAgain) {
