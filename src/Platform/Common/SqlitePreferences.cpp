@@ -4,10 +4,8 @@
 #include "Platform/Common/PrivateFile.h"
 #include "Platform/Interfaces/SystemLog.h"
 
-#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QThread>
 
 namespace tolvar {
 
@@ -19,8 +17,6 @@ using Access = PreferencesDatabase::Access;
 using Outcome = PreferencesDatabase::Outcome;
 using Verdict = PreferencesDatabase::Verdict;
 
-constexpr unsigned long openingPause = 10; // milliseconds
-
 /// The database is usable when the outcome is done.
 struct Opened {
     std::unique_ptr<PreferencesDatabase> database;
@@ -31,17 +27,6 @@ Opened openDatabase(const QString& filePath, Access access, std::chrono::millise
     auto database = std::make_unique<PreferencesDatabase>(patience);
     Outcome outcome = database->open(filePath, access);
     return {std::move(database), std::move(outcome)};
-}
-
-/// SQLite waits for locks by itself, but gives up at once where two openers wait for each other.
-Opened openShared(const QString& filePath, std::chrono::milliseconds patience) {
-    const QDeadlineTimer deadline(patience);
-    auto opened = openDatabase(filePath, Access::shared, patience);
-    while (opened.outcome.verdict == Verdict::busy && !deadline.hasExpired()) {
-        QThread::msleep(openingPause);
-        opened = openDatabase(filePath, Access::shared, patience);
-    }
-    return opened;
 }
 
 } // namespace
@@ -96,7 +81,7 @@ private:
     void open() {
         m_database.reset();
         PrivateFile::prepare(m_filePath);
-        auto opened = openShared(m_filePath, m_patience);
+        auto opened = openDatabase(m_filePath, Access::shared, m_patience);
         m_trouble = std::move(opened.outcome);
         if (m_trouble.isDone() && !opened.database->canWrite())
             m_trouble = {Verdict::failed, u"it is read-only"_s};
@@ -142,13 +127,14 @@ private:
         QLockFile lock(m_filePath + u".repair"_s);
         const bool alone = lock.tryLock(static_cast<int>(m_patience.count()));
         m_database.reset();
-        auto [database, outcome] = openShared(m_filePath, m_patience);
+        auto [database, outcome] = openDatabase(m_filePath, Access::shared, m_patience);
         if (outcome.isDone())
             outcome = database->check();
         if (outcome.verdict == Verdict::damaged) {
-            m_pending.merge(database->salvage());
+            Changes readable = database->salvage();
             database.reset();
-            moveAside(alone, outcome);
+            moveAside(alone, outcome, readable.size());
+            m_pending.merge(readable);
         }
         database.reset();
         open();
@@ -156,13 +142,12 @@ private:
             tellOnce(u"stored"_s, stored);
     }
 
-    void moveAside(bool alone, const Outcome& damage) {
+    void moveAside(bool alone, const Outcome& damage, std::size_t readable) {
         const auto aside = alone ? PrivateFile::moveAside(m_filePath) : std::nullopt;
         if (aside)
-            m_log.error(category,
-                        u"%1 was damaged (%2) and is now %3; %4 values were carried over"_s
-                            .arg(m_filePath, damage.reason, *aside)
-                            .arg(m_pending.size()));
+            m_log.error(category, u"%1 was damaged (%2) and is now %3; %4 values are carried over"_s
+                                      .arg(m_filePath, damage.reason, *aside)
+                                      .arg(readable));
     }
 
     void tellOnce(const QString& what, const Outcome& outcome) {
