@@ -29,6 +29,7 @@ WINDOW_MANAGERS = {
     "none": [],
 }
 READY_SECONDS = 60
+WALLPAPER = 0x3A3B3D
 
 
 class DesktopError(Exception):
@@ -139,6 +140,7 @@ class Session:
         self._start_display(cookie)
         self._start_bus()
         self._connect()
+        self._paint_wallpaper()
         self._start_notification_server()
         self._start_window_manager_and_tray()
         self._wait_for_notification_server()
@@ -196,6 +198,12 @@ class Session:
         os.environ["XAUTHORITY"] = self.environment["XAUTHORITY"]
         self._display = self._connection("the display", self._connect_to_display)
         self._bus = self._connection("the session bus", self._connect_to_bus)
+
+    def _paint_wallpaper(self) -> None:
+        root = self._display.screen().root
+        root.change_attributes(background_pixel=WALLPAPER)
+        root.clear_area()
+        self._display.flush()
 
     def _start_notification_server(self) -> None:
         self._start_server("dunst", ["dunst", "-conf", str(FILES / "dunstrc")])

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <system_error>
 
@@ -37,9 +38,10 @@ std::optional<QUuid> parsedUuid(std::string_view text) {
 /// Moves what was parsed into the field of a record.
 template<typename Field, typename Parsed>
 bool take(Field& field, std::optional<Parsed> parsed) {
-    if (parsed)
-        field = *std::move(parsed);
-    return parsed.has_value();
+    if (!parsed)
+        return false;
+    field = *std::move(parsed);
+    return true;
 }
 
 } // namespace
@@ -49,12 +51,14 @@ bool isValidText(std::string_view utf8) {
 }
 
 std::optional<QString> SharedTexts::text(std::string_view utf8) {
-    if (const auto found = m_texts.find(utf8); found != m_texts.end())
-        return found->second;
-    if (!isValidText(utf8))
-        return std::nullopt;
-    const QString text = m_decoder.decode({utf8.data(), static_cast<qsizetype>(utf8.size())});
-    return m_texts.emplace(utf8, text).first->second;
+    auto& slot = m_slots[std::hash<std::string_view>()(utf8) % m_slots.size()];
+    if (slot.utf8 != utf8) {
+        if (!isValidText(utf8))
+            return std::nullopt;
+        const auto size = static_cast<qsizetype>(utf8.size());
+        slot = {utf8, m_decoder.decode({utf8.data(), size})};
+    }
+    return slot.text;
 }
 
 bool assign(bool& field, const bool& value) {

@@ -6,7 +6,7 @@
 
 #include <optional>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 /// How the simple values of a stored document become the values of a record's fields. Nothing
 /// fits that is not exactly of the field's type.
@@ -15,7 +15,8 @@ namespace tolvar::RecordCoding {
 /// Whether the bytes are UTF-8 of Unicode scalars; surrogates are none.
 bool isValidText(std::string_view utf8);
 
-/// The texts of one document, each kept once: the same names occur in session after session.
+/// The texts of one document. The same names occur in session after session; such a text is made
+/// once and shared.
 class SharedTexts {
 public:
     /// Nothing when the text is not valid. The bytes outlive this object.
@@ -25,7 +26,13 @@ private:
     using Flag = QStringDecoder::Flag;
     /// A byte order mark at the beginning of a text belongs to it.
     QStringDecoder m_decoder{QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom};
-    std::unordered_map<std::string_view, QString> m_texts;
+    struct Slot {
+        std::string_view utf8;
+        QString text;
+    };
+    /// Each text has one slot to be remembered in, until another one takes it: so small a table
+    /// stays in the processor's cache, where one of all goals would not.
+    std::vector<Slot> m_slots = std::vector<Slot>(2048);
 };
 
 /// The value null.

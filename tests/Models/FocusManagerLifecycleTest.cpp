@@ -229,8 +229,8 @@ TEST_F(FocusManagerLifecycle, ReadsTheHapticSettingAtEachOperation) {
 }
 
 TEST_F(FocusManagerLifecycle, NeverHidesItsOwnProgram) {
-    const auto self = desk.workspace.launch(
-        u"Tolvar"_s, {.bundleIdentifier = {}, .processIdentifier = FakeDesk::processIdentifier});
+    const auto self =
+        desk.workspace.launch(u"Tolvar"_s, {.processIdentifier = FakeDesk::processIdentifier});
     const auto sibling =
         desk.workspace.launch(u"Tolvar"_s, {.bundleIdentifier = desk.bundle.identifier});
     auto session = plan();

@@ -87,7 +87,7 @@ TEST_F(FocusManagerPresets, AreDeletedWithThoseOfTheSameSessionAndOnlyThose) {
     const auto homemade = preset({}, {});
     loadWith({homemade, first, other, twin});
     journal.take();
-    manager->deletePreset(first);
+    manager->deletePreset(manager->savedPresets()[1]);
     EXPECT_EQ(journal.take(), texts({u"write savedPresets"}));
     EXPECT_EQ(manager->savedPresets(), (std::vector{homemade, other}));
     EXPECT_EQ(storedPresets(), manager->savedPresets());
@@ -185,7 +185,7 @@ TEST_F(FocusManagerHistory, LosesEveryEntryWithTheSameIdentity) {
     desk.preferences.setData(u"sessionHistory"_s, RecordCoding::encode(twice).value());
     quitAndReturn();
     EXPECT_EQ(manager->sessionHistory().size(), 3u) << "entries are taken as stored";
-    manager->deleteSession(twice.front());
+    manager->deleteSession(manager->sessionHistory().front());
     EXPECT_EQ(manager->sessionHistory(), std::vector{twice[1]});
 }
 

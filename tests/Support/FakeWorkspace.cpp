@@ -24,8 +24,7 @@ ApplicationHandle FakeWorkspace::launch(const QString& name, const Launch& detai
     const int id = m_nextId++;
     // Keys do not sort in the order of launching, so that no test relies on it.
     const ApplicationHandle handle{u"%1#%2"_s.arg(name).arg(id)};
-    const auto process =
-        details.processIdentifier != 0 ? details.processIdentifier : firstProcessIdentifier + id;
+    const auto process = details.processIdentifier.value_or(firstProcessIdentifier + id);
     m_applications.emplace(
         handle, Application{name, details.bundleIdentifier, process,
                             std::vector(static_cast<std::size_t>(details.windows), Window::shown)});

@@ -17,8 +17,8 @@ namespace tolvar::test {
 class FakeWorkspace final : public Workspace {
 public:
     struct Launch {
-        QString bundleIdentifier;
-        qint64 processIdentifier = 0; ///< 0 for a fresh one
+        QString bundleIdentifier = {};
+        std::optional<qint64> processIdentifier = {}; ///< absent for a fresh one
         int windows = 1;
     };
 

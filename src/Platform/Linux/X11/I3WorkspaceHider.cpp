@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include <xcb/xcb_icccm.h>
+
 namespace tolvar {
 
 namespace {
@@ -29,8 +31,11 @@ I3WorkspaceHider::I3WorkspaceHider(XConnection& connection, const WindowReader& 
     , m_ipc(std::move(ipc)) {}
 
 bool I3WorkspaceHider::isHidden(const WindowState& state, const Workspaces& workspaces) const {
-    // The scratchpad is no workspace that would have a number.
-    return !state.desktop || (isPutAway(state, workspaces) && state.desktop != workspaces.current);
+    // The scratchpad has no number. A window that has just opened may not have got one yet, and
+    // a sticky one has none either, but both are in view.
+    if (!state.desktop || state.desktop == WindowState::everyDesktop)
+        return state.icccmState == XCB_ICCCM_WM_STATE_WITHDRAWN;
+    return isPutAway(state, workspaces) && state.desktop != workspaces.current;
 }
 
 bool I3WorkspaceHider::isOutOfView(const WindowState& state, const Workspaces& workspaces) const {
@@ -65,7 +70,7 @@ void I3WorkspaceHider::markAndHide(const std::vector<DeskWindow>& windows, const
     if (isLookedAt)
         commands << u"workspace back_and_forth"_s;
     // The commands take another way than the marks: these must have arrived.
-    connection().read(connection().root(), connection().ewmh()._NET_ACTIVE_WINDOW);
+    connection().sync();
     m_ipc.run(commands.join(u"; "_s));
 }
 

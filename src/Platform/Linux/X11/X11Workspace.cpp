@@ -117,12 +117,12 @@ void X11Workspace::Session::unhide(const QString& key) {
     finish();
 }
 
-/// After changes that were asked for: sees to it that they are sent, and that what they caused is
-/// read, but by nobody when nobody observes.
+/// After changes that were asked for: sees to it that they are done, for this process may end now,
+/// and that what they caused is read where somebody observes.
 void X11Workspace::Session::finish() {
     if (!isObserved())
         m_watch.watchNothing();
-    m_connection->flush();
+    m_connection->sync();
     readEventsSoon();
 }
 

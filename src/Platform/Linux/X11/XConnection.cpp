@@ -210,6 +210,10 @@ void XConnection::flush() {
     xcb_flush(get());
 }
 
+void XConnection::sync() {
+    takeReply(xcb_get_input_focus_reply, get(), xcb_get_input_focus(get()));
+}
+
 bool XConnection::collectEvents() {
     const std::size_t before = m_events.size();
     while (Event event{xcb_poll_for_event(get())})

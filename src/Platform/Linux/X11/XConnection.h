@@ -85,6 +85,8 @@ public:
     void tellWindowManager(xcb_window_t window, xcb_atom_t type,
                            const std::array<std::uint32_t, 5>& data);
     void flush();
+    /// Waits until the server has done all that was asked of it.
+    void sync();
 
     struct FreeEvent {
         void operator()(xcb_generic_event_t* event) const { free(event); }
