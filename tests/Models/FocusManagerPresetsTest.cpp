@@ -100,6 +100,14 @@ TEST_F(FocusManagerPresets, WithoutASessionAreDeletedAlone) {
     EXPECT_EQ(manager->savedPresets(), (std::vector{presets[0], presets[2]}));
 }
 
+TEST_F(FocusManagerPresets, AreDeletedWithEveryOtherOfTheSameIdentity) {
+    const auto twin = preset({}, {});
+    const auto other = preset({}, {});
+    loadWith({twin, other, twin});
+    manager->deletePreset(manager->savedPresets().front());
+    EXPECT_EQ(manager->savedPresets(), std::vector{other});
+}
+
 TEST_F(FocusManagerPresets, MayBeDeletedThroughTheListItself) {
     const auto first = saved();
     saved();

@@ -23,7 +23,7 @@ FakeWorkspace::~FakeWorkspace() {
 ApplicationHandle FakeWorkspace::launch(const QString& name, const Launch& details) {
     const int id = m_nextId++;
     // Keys do not sort in the order of launching, so that no test relies on it.
-    const ApplicationHandle handle{u"%1#%2"_s.arg(name).arg(id)};
+    ApplicationHandle handle{u"%1#%2"_s.arg(name).arg(id)};
     const auto process = details.processIdentifier.value_or(firstProcessIdentifier + id);
     m_applications.emplace(
         handle, Application{name, details.bundleIdentifier, process,
