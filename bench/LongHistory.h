@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Support/SampleHistory.h"
+#include "../tests/Support/SampleHistory.h"
 
 namespace tolvar::bench {
 

@@ -38,9 +38,10 @@ std::optional<QUuid> parsedUuid(std::string_view text) {
 /// Moves what was parsed into the field of a record.
 template<typename Field, typename Parsed>
 bool take(Field& field, std::optional<Parsed> parsed) {
-    if (parsed)
-        field = *std::move(parsed);
-    return parsed.has_value();
+    if (!parsed)
+        return false;
+    field = *std::move(parsed);
+    return true;
 }
 
 } // namespace
