@@ -23,7 +23,7 @@ void ActivityTracker::begin(const Desk& desk) {
     m_active = desk.activeApplication();
 }
 
-std::vector<Activity> ActivityTracker::update(const Desk& desk) {
+std::vector<Activity> ActivityTracker::update(const Desk& desk, Focus focus) {
     forgetFulfilledExpectations(desk);
     const Hiddenness now = hiddenness(desk);
     const QString active = desk.activeApplication();
@@ -32,8 +32,10 @@ std::vector<Activity> ActivityTracker::update(const Desk& desk) {
         const QString& key = application.handle.key;
         const auto before = m_applications.find(key);
         const bool isNew = before == m_applications.end() && !wasHiddenByUs(desk, key);
-        const bool showsAgain = before != m_applications.end() && before->second && !now.at(key);
-        const bool tookFocus = key == active && active != m_active;
+        const bool wasHidden = before != m_applications.end() && before->second;
+        const bool showsAgain = wasHidden && !now.at(key);
+        const bool tookFocus =
+            key == active && (active != m_active || (focus == Focus::moved && wasHidden));
         if (isNew)
             activities.push_back({Activity::Kind::launched, application});
         else if (showsAgain || tookFocus)

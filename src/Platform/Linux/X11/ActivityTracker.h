@@ -24,9 +24,11 @@ class ActivityTracker {
 public:
     /// Begins with this look; what stands there already is no news.
     void begin(const Desk& desk);
+    enum class Focus { stayed, moved };
     /// What happened since the last look, at most one activity per application, in the order of
-    /// the windows.
-    std::vector<Activity> update(const Desk& desk);
+    /// the windows. `focus` says whether the focus moved at all, even if it came back to where it
+    /// was: an application that we hid and that has it was brought forward.
+    std::vector<Activity> update(const Desk& desk, Focus focus);
 
     /// We hid the application. Its windows `stillShown` have not followed yet: until they are seen
     /// hidden they count as if they were, so that a slow window manager does not look like a user

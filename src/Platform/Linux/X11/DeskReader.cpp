@@ -74,9 +74,12 @@ void DeskReader::getToKnow(const std::vector<WindowId>& windows,
 
 Desk DeskReader::look() {
     Desk desk;
-    desk.activeWindow = activeWindow();
+    const auto& ewmh = m_connection.ewmh();
+    const auto active = m_connection.ask(m_connection.root(), ewmh._NET_ACTIVE_WINDOW);
+    const auto list = m_connection.ask(m_connection.root(), ewmh._NET_CLIENT_LIST);
     m_workspaces = readWorkspaces(m_connection);
-    const auto ids = windowList(m_connection.ewmh()._NET_CLIENT_LIST);
+    desk.activeWindow = m_connection.take(active).value_or(XProperty()).word().value_or(0);
+    const auto ids = m_connection.take(list).value_or(XProperty()).words();
     const auto states = m_reader.states(ids);
     getToKnow(ids, states);
     std::vector<MatchedWindow> candidates;
@@ -97,6 +100,10 @@ Desk DeskReader::look() {
 
 bool DeskReader::isPutAway(const DeskWindow& window) const {
     return m_hider->isPutAway(window.state, m_workspaces);
+}
+
+std::optional<std::uint32_t> DeskReader::userTime(WindowId window) const {
+    return m_reader.userTimes({window}).front();
 }
 
 bool DeskReader::hasMarkedWindows() const {

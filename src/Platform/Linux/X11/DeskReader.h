@@ -34,6 +34,8 @@ public:
     /// Our own shown windows, the topmost last.
     std::vector<WindowId> ownShownWindows();
     WindowId activeWindow() const;
+    /// See WindowReader::userTimes.
+    std::optional<std::uint32_t> userTime(WindowId window) const;
 
     /// Asks all windows afresh at the next look.
     void forgetWindows() { m_known.clear(); }

@@ -15,8 +15,8 @@ namespace tolvar {
 struct HiddenMark {
     /// The run of the program that hid the window: one word.
     QString run;
-    /// The window's _NET_WM_USER_TIME when it was hidden. When it has another one, its user has
-    /// had it in hand since, and whatever hides it now is not our doing.
+    /// The window's _NET_WM_USER_TIME when it was hidden, where it has one. When it has another
+    /// one later, its user has had it in hand since, and what hides it then is not our doing.
     std::optional<std::uint32_t> userTime;
     /// Sticky where the hiding had to end that.
     bool wasSticky = false;

@@ -8,19 +8,15 @@
 
 namespace tolvar {
 
-namespace {
-
-/// Whether the window has not been in its user's hands since it was marked.
-bool isUntouched(const DeskWindow& window) {
-    return window.state.mark->userTime == window.state.userTime;
-}
-
-} // namespace
-
 HidingLedger::HidingLedger(XConnection& connection, DeskReader& reader)
     : m_connection(connection)
     , m_reader(reader)
     , m_run(QUuid::createUuid().toString(QUuid::Id128)) {}
+
+bool HidingLedger::isUntouched(const DeskWindow& window) const {
+    const auto& marked = window.state.mark->userTime;
+    return !marked || m_reader.userTime(window.facts.id) == marked;
+}
 
 /// A mark of this run is good as long as it stands, for it is dropped when its window shows. One
 /// of an earlier run may have been left behind by a window that was shown and hidden again since.
@@ -92,6 +88,16 @@ void HidingLedger::show(const std::vector<DeskWindow>& windows) {
         if (window.state.mark)
             m_connection.removeProperty(window.facts.id, XAtom::tolvarHidden);
     }
+}
+
+void HidingLedger::letEarlierRunsSettle(const Desk& desk) {
+    constexpr std::chrono::milliseconds patience{500};
+    const bool mayBeUnderWay =
+        std::any_of(desk.windows.begin(), desk.windows.end(), [this](const DeskWindow& window) {
+            return window.state.mark && window.state.mark->run != m_run && !window.isHidden;
+        });
+    if (mayBeUnderWay && !std::exchange(m_isSettled, true))
+        waitForWindowManager(m_connection, patience);
 }
 
 void HidingLedger::dropOutdatedMarks(const Desk& desk, const std::set<WindowId>& expected) {

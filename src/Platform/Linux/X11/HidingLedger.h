@@ -21,6 +21,10 @@ public:
     /// Shows again what we hid among `windows`, and takes our marks off all of them.
     void show(const std::vector<DeskWindow>& windows);
 
+    /// Waits where an earlier run may have ended before what it asked for was done. To be called
+    /// before `dropOutdatedMarks` is first; the windows are to be looked at again after it.
+    void letEarlierRunsSettle(const Desk& desk);
+
     /// Hides windows that were out of view when they were to be hidden, which the window manager
     /// took no note of, and that have come into view since.
     void hidePostponed(const Desk& desk);
@@ -34,6 +38,8 @@ public:
 
 private:
     bool isOurDoing(const DeskWindow& window) const;
+    /// Whether a marked window has not been in its user's hands since.
+    bool isUntouched(const DeskWindow& window) const;
     void adopt(const DeskWindow& window);
     void postpone(const std::vector<DeskWindow>& windows, const std::vector<WindowId>& notHidden);
 
@@ -42,6 +48,7 @@ private:
     /// Names this run in the marks.
     QString m_run;
     std::set<WindowId> m_postponed;
+    bool m_isSettled = false;
 };
 
 } // namespace tolvar

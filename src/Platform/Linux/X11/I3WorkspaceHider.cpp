@@ -61,7 +61,7 @@ void I3WorkspaceHider::markAndHide(const std::vector<DeskWindow>& windows, const
             isLookedAt = true;
             continue;
         }
-        mark(id, {run, window.state.userTime, isSticky, workspace});
+        mark(id, {run, {}, isSticky, workspace});
         // A sticky window would follow to whatever workspace is looked at next.
         if (isSticky)
             commands << criterion(id) + u"sticky disable"_s;

@@ -23,7 +23,7 @@ void IconifyingHider::changeState(WindowId window, std::uint32_t icccmState) {
 
 void IconifyingHider::markAndHide(const std::vector<DeskWindow>& windows, const QString& run) {
     for (const DeskWindow& window : windows) {
-        mark(window.facts.id, {run, window.state.userTime, false, {}});
+        mark(window.facts.id, {run, {}, false, {}});
         changeState(window.facts.id, XCB_ICCCM_WM_STATE_ICONIC);
     }
 }

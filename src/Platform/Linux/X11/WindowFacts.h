@@ -53,8 +53,6 @@ struct WindowState {
     bool isShaded = false;
     /// _NET_WM_DESKTOP: an index, or `everyDesktop`.
     std::optional<std::uint32_t> desktop;
-    /// _NET_WM_USER_TIME, in the server's milliseconds.
-    std::optional<std::uint32_t> userTime;
     std::optional<HiddenMark> mark;
     /// As it reads now: some programs say only late who they are, and the id of a window that is
     /// gone may soon be another's.

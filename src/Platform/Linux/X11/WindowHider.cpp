@@ -31,6 +31,7 @@ std::vector<WindowId> WindowHider::hide(const std::vector<DeskWindow>& windows,
     waitFor(idsOf(windows), [this](const WindowState& state) {
         return isOutOfView(state, readWorkspaces(m_connection));
     });
+    addUserTimes(windows);
     const Workspaces workspaces = readWorkspaces(m_connection);
     std::vector<WindowId> ids = idsOf(windows);
     const auto states = m_reader.states(ids);
@@ -39,6 +40,20 @@ std::vector<WindowId> WindowHider::hide(const std::vector<DeskWindow>& windows,
         if (states[i] && !isHidden(*states[i], workspaces))
             notHidden.push_back(ids[i]);
     return notHidden;
+}
+
+/// The times are asked for only now, for they would delay the hiding.
+void WindowHider::addUserTimes(const std::vector<DeskWindow>& windows) {
+    const auto ids = idsOf(windows);
+    const auto times = m_reader.userTimes(ids);
+    const auto states = m_reader.states(ids);
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (!times[i] || !states[i] || !states[i]->mark)
+            continue;
+        HiddenMark complete = *states[i]->mark;
+        complete.userTime = times[i];
+        mark(ids[i], complete);
+    }
 }
 
 void WindowHider::mark(WindowId window, const HiddenMark& mark) {

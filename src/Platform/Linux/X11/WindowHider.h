@@ -70,6 +70,8 @@ protected:
     std::vector<std::optional<WindowState>> statesOf(const std::vector<WindowId>& windows) const;
 
 private:
+    void addUserTimes(const std::vector<DeskWindow>& windows);
+
     XConnection& m_connection;
     const WindowReader& m_reader;
 };

@@ -24,6 +24,16 @@ std::optional<WindowManager> detectWindowManager(const XConnection& connection) 
     return checkWindow == window ? std::optional(manager) : std::nullopt;
 }
 
+void waitForWindowManager(XConnection& connection, std::chrono::milliseconds limit) {
+    // Requests are done in their order, and the one for the extents of a frame to be has an answer.
+    const xcb_window_t probe = connection.createProbe();
+    const auto& ewmh = connection.ewmh();
+    connection.tellWindowManager(probe, ewmh._NET_REQUEST_FRAME_EXTENTS, {});
+    connection.waitUntil(
+        [&] { return !connection.read(probe, ewmh._NET_FRAME_EXTENTS).bytes.isEmpty(); }, limit);
+    connection.destroy(probe);
+}
+
 std::unique_ptr<WindowHider> makeHider(const WindowManager& manager, XConnection& connection,
                                        const WindowReader& reader) {
     if (manager.name == u"i3") {

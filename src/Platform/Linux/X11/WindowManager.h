@@ -21,6 +21,9 @@ struct WindowManager {
 /// Nothing when no window manager runs that follows EWMH.
 std::optional<WindowManager> detectWindowManager(const XConnection& connection);
 
+/// Waits until the window manager has done what it was asked before, by whomever, at most `limit`.
+void waitForWindowManager(XConnection& connection, std::chrono::milliseconds limit);
+
 /// The way to hide windows under this window manager; null when there is none.
 std::unique_ptr<WindowHider> makeHider(const WindowManager& manager, XConnection& connection,
                                        const WindowReader& reader);

@@ -130,51 +130,41 @@ std::vector<WindowFacts> WindowReader::facts(const std::vector<WindowId>& window
 std::vector<std::optional<WindowState>>
 WindowReader::states(const std::vector<WindowId>& windows) const {
     const auto& ewmh = m_connection.ewmh();
-    const auto cookies = askAll<7>(
+    const auto cookies = askAll<5>(
         windows, {m_connection.atom(XAtom::wmState), ewmh._NET_WM_STATE, ewmh._NET_WM_DESKTOP,
-                  m_connection.atom(XAtom::tolvarHidden), ewmh._NET_WM_USER_TIME,
-                  ewmh._NET_WM_USER_TIME_WINDOW, XCB_ATOM_WM_CLASS});
+                  m_connection.atom(XAtom::tolvarHidden), XCB_ATOM_WM_CLASS});
     std::vector<std::optional<WindowState>> states;
-    std::vector<XProperty> timeWindows;
     for (const auto& asked : cookies) {
         auto& state = states.emplace_back();
-        auto& timeWindow = timeWindows.emplace_back();
         const auto properties = takeAll(asked);
         if (!properties)
             continue;
-        const auto& [icccmState, netStates, desktop, mark, userTime, userTimeWindow, wmClass] =
-            *properties;
+        const auto& [icccmState, netStates, desktop, mark, wmClass] = *properties;
         const auto flags = netStates.words();
         state = WindowState{icccmState.word(),
                             contains(flags, ewmh._NET_WM_STATE_HIDDEN),
                             contains(flags, ewmh._NET_WM_STATE_SHADED),
                             desktop.word(),
-                            userTime.word(),
                             HiddenMark::fromText(mark.text()),
                             classOf(wmClass)};
-        timeWindow = userTimeWindow;
     }
-    const auto apartTimes = userTimesOf(timeWindows);
-    for (std::size_t i = 0; i < states.size(); ++i)
-        if (states[i] && apartTimes[i])
-            states[i]->userTime = apartTimes[i];
     return states;
 }
 
-/// Some clients keep the time on a window of its own, so that its changes wake nobody else.
 std::vector<std::optional<std::uint32_t>>
-WindowReader::userTimesOf(const std::vector<XProperty>& timeWindows) const {
-    std::vector<std::optional<xcb_get_property_cookie_t>> cookies;
-    for (const XProperty& timeWindow : timeWindows) {
-        const auto window = timeWindow.word();
-        cookies.push_back(
-            window ? std::optional(m_connection.ask(*window, m_connection.ewmh()._NET_WM_USER_TIME))
-                   : std::nullopt);
-    }
+WindowReader::userTimes(const std::vector<WindowId>& windows) const {
+    const auto& ewmh = m_connection.ewmh();
+    // Some clients keep the time on a window of its own, so that its changes wake nobody else.
+    std::vector<WindowId> bearers = windows;
+    const auto apart = askAll<1>(windows, {ewmh._NET_WM_USER_TIME_WINDOW});
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        if (const auto window = takeAll(apart[i]))
+            bearers[i] = window->front().word().value_or(windows[i]);
     std::vector<std::optional<std::uint32_t>> times;
-    for (const auto& cookie : cookies)
-        times.push_back(cookie ? m_connection.take(*cookie).value_or(XProperty()).word()
-                               : std::nullopt);
+    for (const auto& asked : askAll<1>(bearers, {ewmh._NET_WM_USER_TIME})) {
+        const auto time = takeAll(asked);
+        times.push_back(time ? time->front().word() : std::nullopt);
+    }
     return times;
 }
 

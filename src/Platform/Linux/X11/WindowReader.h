@@ -17,6 +17,9 @@ public:
     std::vector<WindowFacts> facts(const std::vector<WindowId>& windows) const;
     /// In the order of `windows`; nothing for a window that is gone.
     std::vector<std::optional<WindowState>> states(const std::vector<WindowId>& windows) const;
+    /// When the user last did something in each of `windows`, in the server's milliseconds; nothing
+    /// where that is not told (_NET_WM_USER_TIME).
+    std::vector<std::optional<std::uint32_t>> userTimes(const std::vector<WindowId>& windows) const;
 
 private:
     template<std::size_t N>
@@ -28,8 +31,6 @@ private:
     std::optional<std::array<XProperty, N>> takeAll(const Cookies<N>& cookies) const;
     WindowKind kind(const XProperty& types) const;
     qint64 processBehind(qint64 local, const XProperty& claimed, const XProperty& machine) const;
-    std::vector<std::optional<std::uint32_t>>
-    userTimesOf(const std::vector<XProperty>& timeWindows) const;
 
     const XConnection& m_connection;
     QString m_hostName;

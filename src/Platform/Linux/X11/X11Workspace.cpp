@@ -41,12 +41,13 @@ private:
 
     Desk lookAndWatch();
     void finish();
+    bool knowsHowToHide();
     void tellObservers(const std::vector<Activity>& activities);
 
     void readEvents();
     void readEventsSoon();
     bool takeNews();
-    bool isRelevant(const xcb_property_notify_event_t& event) const;
+    bool isNewsOf(const xcb_property_notify_event_t& change);
     void catchUp();
     bool isLost();
 
@@ -59,6 +60,10 @@ private:
     QSocketNotifier m_notifier;
     std::map<int, Observer> m_observers;
     int m_nextObserver = 0;
+    ActivityTracker::Focus m_focus = ActivityTracker::Focus::stayed;
+    bool m_isManagerKnown = false;
+    /// The desktop as it was just seen and reported.
+    std::optional<Desk> m_justSeen;
     bool m_isReadingDue = false;
     bool m_isLossLogged = false;
 };
@@ -85,11 +90,20 @@ bool X11Workspace::Session::isLost() {
 }
 
 bool X11Workspace::Session::canHide() {
-    return !isLost() && m_reader.meetWindowManager();
+    m_isManagerKnown = !isLost() && m_reader.meetWindowManager();
+    readEventsSoon();
+    return m_isManagerKnown;
+}
+
+/// While it is observed, events tell when the window manager changes.
+bool X11Workspace::Session::knowsHowToHide() {
+    if (isLost())
+        return false;
+    return (isObserved() && m_isManagerKnown) || canHide();
 }
 
 Desk X11Workspace::Session::look() {
-    if (!canHide())
+    if (!knowsHowToHide())
         return {};
     if (!isObserved())
         m_reader.forgetWindows();
@@ -99,7 +113,9 @@ Desk X11Workspace::Session::look() {
 }
 
 void X11Workspace::Session::hide(const QString& key) {
-    const auto windows = look().windowsOf(key);
+    // Who hides what was just reported need not look again.
+    const auto seen = std::exchange(m_justSeen, std::nullopt);
+    const auto windows = (seen ? *seen : look()).windowsOf(key);
     if (windows.empty())
         return;
     m_watch.watchAlso(idsOf(windows));
@@ -108,6 +124,7 @@ void X11Workspace::Session::hide(const QString& key) {
 }
 
 void X11Workspace::Session::unhide(const QString& key) {
+    m_justSeen.reset();
     const auto windows = look().windowsOf(key);
     if (windows.empty())
         return;
@@ -136,14 +153,16 @@ void X11Workspace::Session::activateSelf() {
     m_connection->tellWindowManager(own.back(), m_connection->ewmh()._NET_ACTIVE_WINDOW,
                                     {XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER, XCB_CURRENT_TIME, 0, 0, 0});
     m_connection->flush();
+    readEventsSoon();
 }
 
 std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
     if (!canHide() || !m_reader.hasMarkedWindows())
         return {};
+    m_ledger.letEarlierRunsSettle(look());
     const Desk desk = look();
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
-    m_connection->flush();
+    m_connection->sync();
     std::vector<ApplicationHandle> handles;
     for (const DeskWindow& window : desk.windows) {
         const ApplicationHandle handle{window.application.key};
@@ -151,6 +170,7 @@ std::vector<ApplicationHandle> X11Workspace::Session::hiddenByEarlierRun() {
             std::find(handles.begin(), handles.end(), handle) == handles.end())
             handles.push_back(handle);
     }
+    readEventsSoon();
     return handles;
 }
 
@@ -175,9 +195,11 @@ void X11Workspace::Session::startWatching() {
     if (isLost())
         return;
     m_reader.forgetEntries();
-    const bool canLook = m_reader.meetWindowManager();
+    m_isManagerKnown = m_reader.meetWindowManager();
     m_watch.watchDesktop(m_reader.managerWindow());
-    m_tracker.begin(canLook ? lookAndWatch() : Desk());
+    if (m_isManagerKnown)
+        m_ledger.letEarlierRunsSettle(m_reader.look());
+    m_tracker.begin(m_isManagerKnown ? lookAndWatch() : Desk());
     m_connection->flush();
     readEventsSoon();
 }
@@ -205,15 +227,18 @@ Desk X11Workspace::Session::lookAndWatch() {
 
 void X11Workspace::Session::catchUp() {
     // Between two window managers the client list tells nothing.
-    if (!canHide())
+    if (!knowsHowToHide())
         return;
     m_watch.watchDesktop(m_reader.managerWindow());
     const Desk desk = lookAndWatch();
-    const auto activities = m_tracker.update(desk);
+    const auto focus = std::exchange(m_focus, ActivityTracker::Focus::stayed);
+    const auto activities = m_tracker.update(desk, focus);
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
     m_ledger.hidePostponed(desk);
     m_connection->flush();
+    m_justSeen = desk;
     tellObservers(activities);
+    m_justSeen.reset();
 }
 
 void X11Workspace::Session::tellObservers(const std::vector<Activity>& activities) {
@@ -261,20 +286,27 @@ bool X11Workspace::Session::takeNews() {
     bool isNews = false;
     while (const auto event = m_connection->nextEvent()) {
         const int type = event->response_type & 0x7f;
-        isNews = isNews || type == XCB_DESTROY_NOTIFY ||
-                 (type == XCB_PROPERTY_NOTIFY &&
-                  isRelevant(reinterpret_cast<const xcb_property_notify_event_t&>(*event)));
+        if (type == XCB_DESTROY_NOTIFY)
+            m_isManagerKnown = false;
+        isNews = isNews || type == XCB_DESTROY_NOTIFY;
+        if (type == XCB_PROPERTY_NOTIFY &&
+            isNewsOf(reinterpret_cast<const xcb_property_notify_event_t&>(*event)))
+            isNews = true;
     }
     return isNews;
 }
 
-bool X11Workspace::Session::isRelevant(const xcb_property_notify_event_t& event) const {
+bool X11Workspace::Session::isNewsOf(const xcb_property_notify_event_t& change) {
     const auto& ewmh = m_connection->ewmh();
-    if (event.window == m_connection->root())
-        return event.atom == ewmh._NET_CLIENT_LIST || event.atom == ewmh._NET_ACTIVE_WINDOW ||
-               event.atom == ewmh._NET_SUPPORTING_WM_CHECK;
-    return event.atom == m_connection->atom(XAtom::wmState) || event.atom == ewmh._NET_WM_STATE ||
-           event.atom == ewmh._NET_WM_DESKTOP || event.atom == XCB_ATOM_WM_CLASS;
+    if (change.atom == ewmh._NET_SUPPORTING_WM_CHECK)
+        m_isManagerKnown = false;
+    if (change.atom == ewmh._NET_ACTIVE_WINDOW)
+        m_focus = ActivityTracker::Focus::moved;
+    if (change.window == m_connection->root())
+        return change.atom == ewmh._NET_CLIENT_LIST || change.atom == ewmh._NET_ACTIVE_WINDOW ||
+               change.atom == ewmh._NET_SUPPORTING_WM_CHECK;
+    return change.atom == m_connection->atom(XAtom::wmState) || change.atom == ewmh._NET_WM_STATE ||
+           change.atom == ewmh._NET_WM_DESKTOP || change.atom == XCB_ATOM_WM_CLASS;
 }
 
 X11Workspace::X11Workspace(std::shared_ptr<Session> session)

@@ -55,7 +55,7 @@ QString decoded(const QByteArray& bytes) {
 } // namespace
 
 std::vector<std::uint32_t> XProperty::words() const {
-    if (format != 32)
+    if (format != 32 || bytes.isEmpty())
         return {};
     std::vector<std::uint32_t> words(static_cast<std::size_t>(bytes.size()) / 4);
     std::memcpy(words.data(), bytes.constData(), words.size() * 4);
@@ -195,6 +195,18 @@ void XConnection::removeProperty(xcb_window_t window, XAtom property) {
 
 void XConnection::map(xcb_window_t window) {
     xcb_map_window(get(), window);
+}
+
+xcb_window_t XConnection::createProbe() {
+    const xcb_window_t window = xcb_generate_id(get());
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(get(), XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+    return window;
+}
+
+void XConnection::destroy(xcb_window_t window) {
+    xcb_destroy_window(get(), window);
 }
 
 void XConnection::selectEvents(xcb_window_t window, std::uint32_t mask) {

@@ -79,6 +79,9 @@ public:
     void setText(xcb_window_t window, XAtom property, const QString& text);
     void removeProperty(xcb_window_t window, XAtom property);
     void map(xcb_window_t window);
+    /// Makes a window of our own that is never shown and tells of changes of its properties.
+    xcb_window_t createProbe();
+    void destroy(xcb_window_t window);
     /// Sets which events of the window this connection gets (XCB_EVENT_MASK_...).
     void selectEvents(xcb_window_t window, std::uint32_t mask);
     /// Sends a client message about `window` to the window manager (EWMH, ICCCM 4.1.4).

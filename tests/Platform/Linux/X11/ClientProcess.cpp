@@ -19,6 +19,10 @@ namespace {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+    // No window shall bear the id of one of a process that has just gone: its window manager may
+    // still have that one in mind.
+    for (int used = getpid() % 10000; used > 0; --used)
+        xcb_generate_id(connection);
     char isOverride = 0;
     while (read(channel, &isOverride, 1) == 1) {
         const xcb_window_t window = xcb_generate_id(connection);

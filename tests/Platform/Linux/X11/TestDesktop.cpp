@@ -89,7 +89,12 @@ void TestDesktop::map(xcb_window_t window) {
 xcb_window_t TestDesktop::open(ClientProcess& client, const WindowLook& look) {
     const xcb_window_t window = client.createWindow();
     present(window, look);
-    waitUntil([&] { return isManaged(window) && isSeen(window); });
+    // A window manager that is just starting may overlook a window.
+    const auto isThere = [&] { return isManaged(window) && isSeen(window); };
+    for (int attempt = 0; attempt < 5 && !waitUntil(isThere, seconds(2)); ++attempt) {
+        xcb_unmap_window(m_connection->get(), window);
+        map(window);
+    }
     return window;
 }
 
