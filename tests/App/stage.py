@@ -12,6 +12,8 @@ import time
 import unittest
 from pathlib import Path
 
+import dbus.bus
+
 TOLVAR = os.environ["TOLVAR"]
 PATIENCE_SECONDS = 20
 NAME = "app.tolvar.Tolvar"
@@ -117,12 +119,12 @@ class Stage(unittest.TestCase):
 
     def process_id(self):
         """Of the program that owns the name."""
-        answer = subprocess.run(
-            ["dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus",
-             "/org/freedesktop/DBus", "org.freedesktop.DBus.GetConnectionUnixProcessID",
-             f"string:{NAME}"],
-            env=self.environment, text=True, check=True, capture_output=True)
-        return int(answer.stdout.split()[-1])
+        caller = dbus.bus.BusConnection(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+        try:
+            return int(caller.get_object("org.freedesktop.DBus", "/org/freedesktop/DBus")
+                       .GetConnectionUnixProcessID(NAME, dbus_interface="org.freedesktop.DBus"))
+        finally:
+            caller.close()
 
 
 class Follower:

@@ -46,7 +46,7 @@ public:
     ProcessWatch& operator=(const ProcessWatch&) = delete;
 
     /// Quits the loop when the process ends, or at once when it has ended already.
-    void quitAtEnd(QEventLoop& loop) {
+    void quitAtEnd(QEventLoop& loop) const {
         if (m_descriptor < 0) {
             QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
             return;
@@ -94,7 +94,7 @@ std::optional<QString> RunningProgram::start(const QString& executable) const {
     const auto process = m_bus.isConnected() ? startDetached(executable) : std::nullopt;
     if (!process)
         return std::nullopt;
-    ProcessWatch processWatch(*process);
+    const ProcessWatch processWatch(*process);
     if (!address()) {
         QEventLoop loop;
         processWatch.quitAtEnd(loop);

@@ -1,6 +1,7 @@
 #include "App/Remote/RemoteControl.h"
 
 #include "App/Protocol/RemoteNames.h"
+#include "App/Remote/ChangeListener.h"
 #include "ApplicationInterface.h"
 #include "Models/CategoryStore.h"
 #include "Platform/Interfaces/InstalledApplications.h"
@@ -222,30 +223,6 @@ TEST_F(RemoteControlTest, RoundsWhatMovesToMilliseconds) {
     EXPECT_EQ(status().remaining, 1499.877);
     EXPECT_EQ(status().elapsed, 0.123);
 }
-
-/// Collects the properties that were said to have changed.
-class ChangeListener final : public QObject {
-    Q_OBJECT
-
-public:
-    explicit ChangeListener(QDBusConnection connection) {
-        connection.connect(RemoteNames::service, RemoteNames::objectPath,
-                           u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, this,
-                           SLOT(changed(QString, QVariantMap, QStringList)));
-    }
-    /// What was told since the last time.
-    QList<QVariantMap> take() { return std::exchange(m_changes, {}); }
-
-private Q_SLOTS:
-    void changed(const QString& interface, const QVariantMap& values, const QStringList& invalid) {
-        EXPECT_EQ(interface, RemoteNames::controlInterface);
-        EXPECT_TRUE(invalid.isEmpty());
-        m_changes.append(values);
-    }
-
-private:
-    QList<QVariantMap> m_changes;
-};
 
 TEST_F(RemoteControlTest, SignalsExactlyThePropertiesThatChanged) {
     ChangeListener listener(caller.bus);
@@ -474,5 +451,3 @@ TEST_F(RemoteControlTest, GoesOnWhenTheBusDies) {
 
 } // namespace
 } // namespace tolvar::test
-
-#include "RemoteControlTest.moc"
