@@ -1,31 +1,20 @@
 #include "Models/RecordCoding.h"
 #include "Models/RecordFields.h"
-
-#include <QStringConverter>
-#include <QUtf8StringView>
+#include "Models/RecordValues.h"
 
 #include <rapidjson/reader.h>
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <iterator>
-#include <limits>
 #include <string_view>
-#include <system_error>
-#include <unordered_map>
 
 namespace tolvar::RecordCoding {
 
 namespace {
 
-/// What a key that no record knows leads to.
-struct Nothing {};
-
 /// Where the value that the parser meets next belongs.
 using Target =
-    std::variant<Nothing*, bool*, Seconds*, QString*, QUuid*, std::optional<int>*,
+    std::variant<UnknownField*, bool*, Seconds*, QString*, QUuid*, std::optional<int>*,
                  std::optional<Seconds>*, std::optional<Date>*, std::optional<QUuid>*,
                  std::optional<SessionOutcome>*, std::vector<QString>*, std::vector<BlockCategory>*,
                  std::vector<FocusPreset>*, std::vector<FocusSession>*, BlockCategory*,
@@ -35,160 +24,6 @@ template<typename T>
 inline constexpr bool isList = false;
 template<typename T>
 inline constexpr bool isList<std::vector<T>> = true;
-
-bool isValidText(std::string_view utf8) {
-    return QUtf8StringView(utf8.data(), static_cast<qsizetype>(utf8.size())).isValidUtf8();
-}
-
-/// The texts of one document, each kept once: the same names occur in session after session.
-class SharedTexts {
-public:
-    /// Nothing when the text is not valid UTF-8. The bytes outlive this object.
-    std::optional<QString> text(std::string_view utf8) {
-        const auto [found, isNew] = m_texts.try_emplace(utf8);
-        if (isNew) {
-            if (!isValidText(utf8))
-                return std::nullopt;
-            found->second = m_decoder.decode({utf8.data(), static_cast<qsizetype>(utf8.size())});
-        }
-        return found->second;
-    }
-
-private:
-    using Flag = QStringDecoder::Flag;
-    /// A byte order mark at the beginning of a text belongs to it.
-    QStringDecoder m_decoder{QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom};
-    std::unordered_map<std::string_view, QString> m_texts;
-};
-
-std::optional<double> parsedNumber(std::string_view digits) {
-    double number = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return error == std::errc() ? std::optional(number) : std::nullopt;
-}
-
-bool isHexDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-/// Only the canonical form of RFC 4122 with hyphens, in either case.
-std::optional<QUuid> parsedUuid(std::string_view text) {
-    constexpr std::string_view pattern = "xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx";
-    const auto fits = [](char c, char wanted) { return wanted == 'x' ? isHexDigit(c) : c == '-'; };
-    if (!std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(), fits))
-        return std::nullopt;
-    return QUuid::fromString(QLatin1StringView(text.data(), static_cast<qsizetype>(text.size())));
-}
-
-bool assignBool(bool& field, bool value) {
-    field = value;
-    return true;
-}
-
-bool assignBool(Nothing&, bool) {
-    return true;
-}
-
-template<typename T>
-bool assignBool(T&, bool) {
-    return false;
-}
-
-bool assignNumber(Seconds& field, std::string_view digits) {
-    const auto number = parsedNumber(digits);
-    field = number.value_or(0);
-    return number.has_value();
-}
-
-bool assignNumber(std::optional<Seconds>& field, std::string_view digits) {
-    field = parsedNumber(digits);
-    return field.has_value();
-}
-
-bool assignNumber(std::optional<Date>& field, std::string_view digits) {
-    Seconds seconds = 0;
-    const bool isNumber = assignNumber(seconds, digits);
-    field = Date{seconds};
-    return isNumber;
-}
-
-bool assignNumber(std::optional<int>& field, std::string_view digits) {
-    using Limits = std::numeric_limits<int>;
-    const auto number = parsedNumber(digits);
-    if (!number || *number != std::trunc(*number) || *number < Limits::min() ||
-        *number > Limits::max())
-        return false;
-    field = static_cast<int>(*number);
-    return true;
-}
-
-bool assignNumber(Nothing&, std::string_view) {
-    return true;
-}
-
-template<typename T>
-bool assignNumber(T&, std::string_view) {
-    return false;
-}
-
-bool assignText(QString& field, std::string_view text, SharedTexts& texts) {
-    auto shared = texts.text(text);
-    if (shared)
-        field = std::move(*shared);
-    return shared.has_value();
-}
-
-bool assignText(BlockCategory& category, std::string_view text, SharedTexts& texts) {
-    QString name;
-    if (!assignText(name, text, texts))
-        return false;
-    category = BlockCategory::fromBareName(name);
-    return true;
-}
-
-bool assignText(QUuid& field, std::string_view text, SharedTexts&) {
-    const auto uuid = parsedUuid(text);
-    field = uuid.value_or(QUuid());
-    return uuid.has_value();
-}
-
-bool assignText(std::optional<QUuid>& field, std::string_view text, SharedTexts&) {
-    field = parsedUuid(text);
-    return field.has_value();
-}
-
-bool assignText(std::optional<SessionOutcome>& field, std::string_view text, SharedTexts&) {
-    const auto* found = std::find_if(outcomes.begin(), outcomes.end(),
-                                     [&](const auto& outcome) { return outcome.first == text; });
-    if (found == outcomes.end())
-        return false;
-    field = found->second;
-    return true;
-}
-
-bool assignText(Nothing&, std::string_view text, SharedTexts&) {
-    return isValidText(text);
-}
-
-template<typename T>
-bool assignText(T&, std::string_view, SharedTexts&) {
-    return false;
-}
-
-template<typename T>
-bool assignAbsent(std::optional<T>& field) {
-    field.reset();
-    return true;
-}
-
-bool assignAbsent(Nothing&) {
-    return true;
-}
-
-template<typename T>
-bool assignAbsent(T&) {
-    return false;
-}
 
 /// A new element of the list, of which every field is still to be read.
 template<typename T>
@@ -205,13 +40,17 @@ public:
     explicit RecordReader(Target root)
         : m_field(root) {}
 
-    bool Null() {
-        return assign([](auto& field) { return assignAbsent(field); });
+    bool Null() { return receive(NullValue()); }
+    bool Bool(bool value) { return receive(value); }
+    bool RawNumber(const char* digits, rapidjson::SizeType length, bool) {
+        return receive(NumberValue{{digits, length}});
     }
-    bool Bool(bool value);
-    bool RawNumber(const char* digits, rapidjson::SizeType length, bool copy);
-    bool String(const char* text, rapidjson::SizeType length, bool copy);
-    bool Key(const char* text, rapidjson::SizeType length, bool copy);
+    bool String(const char* text, rapidjson::SizeType length, bool) {
+        return receive(TextValue{{text, length}, m_texts});
+    }
+    bool Key(const char* text, rapidjson::SizeType length, bool) {
+        return enterKey({text, length});
+    }
     bool StartObject() { return open(Kind::object); }
     bool EndObject(rapidjson::SizeType) { return close(); }
     bool StartArray() { return open(Kind::array); }
@@ -228,14 +67,14 @@ private:
         std::size_t expectedField = 0;
     };
 
-    /// Calls `assignTo` with the object that the value belongs into.
-    template<typename Assign>
-    bool assign(const Assign& assignTo) {
-        return std::visit([&](auto* target) { return assignTo(*target); }, nextTarget());
+    template<typename Value>
+    bool receive(const Value& value) {
+        return std::visit([&](auto* target) { return assign(*target, value); }, nextTarget());
     }
     Target nextTarget();
     bool open(Kind kind);
     bool close();
+    bool enterKey(std::string_view key);
     template<Record R>
     bool enterField(R& record, std::string_view key);
     template<Record R>
@@ -247,26 +86,13 @@ private:
     std::vector<QString> m_items;
     /// Where the value of the current key belongs; at first, the whole document.
     Target m_field;
-    /// How many objects and arrays around the parser belong nowhere.
+    /// How many objects and arrays stand around the parser within an unknown field.
     std::size_t m_ignoredDepth = 0;
-    Nothing m_nothing;
+    UnknownField m_unknownField;
     SharedTexts m_texts;
 };
 
-bool RecordReader::Bool(bool value) {
-    return assign([value](auto& field) { return assignBool(field, value); });
-}
-
-bool RecordReader::RawNumber(const char* digits, rapidjson::SizeType length, bool) {
-    return assign([&](auto& field) { return assignNumber(field, {digits, length}); });
-}
-
-bool RecordReader::String(const char* text, rapidjson::SizeType length, bool) {
-    return assign([&](auto& field) { return assignText(field, {text, length}, m_texts); });
-}
-
-bool RecordReader::Key(const char* text, rapidjson::SizeType length, bool) {
-    const std::string_view key(text, length);
+bool RecordReader::enterKey(std::string_view key) {
     if (m_ignoredDepth > 0)
         return isValidText(key);
     const auto enter = [&]<typename T>(T* record) {
@@ -281,7 +107,7 @@ bool RecordReader::Key(const char* text, rapidjson::SizeType length, bool) {
 /// A value within a list belongs into a new element of it.
 Target RecordReader::nextTarget() {
     if (m_ignoredDepth > 0)
-        return &m_nothing;
+        return &m_unknownField;
     if (m_open.empty())
         return m_field;
     const auto next = [this]<typename T>(T* container) -> Target {
@@ -297,7 +123,7 @@ Target RecordReader::nextTarget() {
 
 bool RecordReader::open(Kind kind) {
     const auto target = nextTarget();
-    if (std::holds_alternative<Nothing*>(target)) {
+    if (std::holds_alternative<UnknownField*>(target)) {
         ++m_ignoredDepth;
         return true;
     }
@@ -341,7 +167,7 @@ bool RecordReader::enterField(R& record, std::string_view key) {
         container.expectedField = index + 1;
         return true;
     }
-    m_field = &m_nothing;
+    m_field = &m_unknownField;
     return isValidText(key);
 }
 
@@ -349,7 +175,7 @@ bool RecordReader::enterField(R& record, std::string_view key) {
 template<Record R>
 bool RecordReader::finish(R& record) {
     constexpr auto& all = Fields<R>::all;
-    const auto clear = [&](auto member) { return assignAbsent(record.*member); };
+    const auto clear = [&](auto member) { return assign(record.*member, NullValue()); };
     for (std::size_t index = 0; index < all.size(); ++index)
         if ((m_open.back().metFields >> index & 1u) == 0 && !std::visit(clear, all[index].member))
             return false;

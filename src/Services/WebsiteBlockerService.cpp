@@ -20,6 +20,9 @@ WebsiteBlockerService::WebsiteBlockerService(const Environment& environment)
 
 void WebsiteBlockerService::blockWebsite(const QString& site) {
     auto host = normalizeDomain(site);
+    // Tabs are compared without the dot of the root zone.
+    if (host.endsWith(u'.'))
+        host.chop(1);
     if (host.isEmpty())
         return;
     m_blockedWebsites.insert(std::move(host));

@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// What the program printed while `action` ran.
 template<typename Action>
 std::string printedBy(const Action& action) {

@@ -10,8 +10,6 @@
 
 namespace tolvar::test {
 
-using namespace Qt::StringLiterals;
-
 /// A manager at a desk on which Slack runs and is blocked by the sessions that tests start.
 class FocusManagerFixture : public testing::Test {
 protected:
@@ -20,7 +18,7 @@ protected:
     FakeDesk desk;
     Journal& journal = desk.journal;
     HandClock& clock = desk.clock;
-    ApplicationHandle slack = desk.workspace.launch(u"Slack"_s);
+    ApplicationHandle slack = desk.workspace.launch(QStringLiteral("Slack"));
     std::unique_ptr<FocusManager> manager = makeManager();
 
     FocusManagerFixture() { journal.take(); }
@@ -49,10 +47,10 @@ protected:
     /// 25 minutes of "Write report" without Slack and example.com.
     static FocusSession plan() {
         FocusSession session;
-        session.goal = u"Write report"_s;
+        session.goal = QStringLiteral("Write report");
         session.duration = 25 * minute;
-        session.blockedApps = {u"Slack"_s};
-        session.blockedWebsites = {u"example.com"_s};
+        session.blockedApps = {QStringLiteral("Slack")};
+        session.blockedWebsites = {QStringLiteral("example.com")};
         return session;
     }
 
@@ -67,22 +65,24 @@ protected:
     bool isSlackHidden() const { return desk.workspace.isHidden(slack); }
 
     std::optional<FocusSession> storedSession() const {
-        const auto json = desk.preferences.data(u"currentSession"_s);
+        const auto json = desk.preferences.data(QStringLiteral("currentSession"));
         return json ? RecordCoding::decodeSession(*json) : std::nullopt;
     }
     std::vector<FocusSession> storedHistory() const {
-        const auto json = desk.preferences.data(u"sessionHistory"_s);
+        const auto json = desk.preferences.data(QStringLiteral("sessionHistory"));
         return json ? RecordCoding::decodeSessions(*json).value() : std::vector<FocusSession>();
     }
     std::vector<FocusPreset> storedPresets() const {
-        const auto json = desk.preferences.data(u"savedPresets"_s);
+        const auto json = desk.preferences.data(QStringLiteral("savedPresets"));
         return json ? RecordCoding::decodePresets(*json).value() : std::vector<FocusPreset>();
     }
     void store(const FocusSession& session) {
-        desk.preferences.setData(u"currentSession"_s, RecordCoding::encode(session).value());
+        desk.preferences.setData(QStringLiteral("currentSession"),
+                                 RecordCoding::encode(session).value());
     }
     void store(const std::vector<FocusPreset>& presets) {
-        desk.preferences.setData(u"savedPresets"_s, RecordCoding::encode(presets).value());
+        desk.preferences.setData(QStringLiteral("savedPresets"),
+                                 RecordCoding::encode(presets).value());
     }
 };
 

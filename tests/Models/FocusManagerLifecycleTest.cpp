@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerLifecycle : public FocusManagerFixture {};
 
 TEST_F(FocusManagerLifecycle, BeginsReadyWithNothingRunning) {
@@ -227,8 +229,8 @@ TEST_F(FocusManagerLifecycle, ReadsTheHapticSettingAtEachOperation) {
 }
 
 TEST_F(FocusManagerLifecycle, NeverHidesItsOwnProgram) {
-    const auto self = desk.workspace.launch(
-        u"Tolvar"_s, {.bundleIdentifier = {}, .processIdentifier = FakeDesk::processIdentifier});
+    const auto self =
+        desk.workspace.launch(u"Tolvar"_s, {.processIdentifier = FakeDesk::processIdentifier});
     const auto sibling =
         desk.workspace.launch(u"Tolvar"_s, {.bundleIdentifier = desk.bundle.identifier});
     auto session = plan();

@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerPause : public FocusManagerFixture {
 protected:
     void pauseFor(Seconds seconds) {

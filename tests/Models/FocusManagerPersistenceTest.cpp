@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerPersistence : public FocusManagerFixture {};
 
 TEST_F(FocusManagerPersistence, TakesUpARunningSessionWithItsBlocks) {

@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerPresets : public FocusManagerFixture {
 protected:
     FocusPreset saved(const FocusSession& session = plan()) {
@@ -85,7 +87,7 @@ TEST_F(FocusManagerPresets, AreDeletedWithThoseOfTheSameSessionAndOnlyThose) {
     const auto homemade = preset({}, {});
     loadWith({homemade, first, other, twin});
     journal.take();
-    manager->deletePreset(first);
+    manager->deletePreset(manager->savedPresets()[1]);
     EXPECT_EQ(journal.take(), texts({u"write savedPresets"}));
     EXPECT_EQ(manager->savedPresets(), (std::vector{homemade, other}));
     EXPECT_EQ(storedPresets(), manager->savedPresets());
@@ -96,6 +98,14 @@ TEST_F(FocusManagerPresets, WithoutASessionAreDeletedAlone) {
     loadWith(presets);
     manager->deletePreset(presets[1]);
     EXPECT_EQ(manager->savedPresets(), (std::vector{presets[0], presets[2]}));
+}
+
+TEST_F(FocusManagerPresets, AreDeletedWithEveryOtherOfTheSameIdentity) {
+    const auto twin = preset({}, {});
+    const auto other = preset({}, {});
+    loadWith({twin, other, twin});
+    manager->deletePreset(manager->savedPresets().front());
+    EXPECT_EQ(manager->savedPresets(), std::vector{other});
 }
 
 TEST_F(FocusManagerPresets, MayBeDeletedThroughTheListItself) {
@@ -183,7 +193,7 @@ TEST_F(FocusManagerHistory, LosesEveryEntryWithTheSameIdentity) {
     desk.preferences.setData(u"sessionHistory"_s, RecordCoding::encode(twice).value());
     quitAndReturn();
     EXPECT_EQ(manager->sessionHistory().size(), 3u) << "entries are taken as stored";
-    manager->deleteSession(twice.front());
+    manager->deleteSession(manager->sessionHistory().front());
     EXPECT_EQ(manager->sessionHistory(), std::vector{twice[1]});
 }
 

@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FocusManagerSignals : public FocusManagerFixture {
 protected:
     FocusManagerSignals() { recordSignals(); }

@@ -3,6 +3,8 @@
 namespace tolvar::test {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// What happens when the wall clock does not simply run.
 class FocusManagerTime : public FocusManagerFixture {};
 

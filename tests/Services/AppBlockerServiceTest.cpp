@@ -89,7 +89,7 @@ TEST_F(AppBlocker, HidesEachTimeAnApplicationComesBack) {
 }
 
 TEST_F(AppBlocker, ShowsAgainWhatItHidWithoutActivatingIt) {
-    const auto slack = workspace.launch(u"Slack"_s, {.bundleIdentifier = {}, .windows = 3});
+    const auto slack = workspace.launch(u"Slack"_s, {.windows = 3});
     blocker->blockApp(u"Slack"_s);
     journal.take();
     blocker->unblockAll();
@@ -108,7 +108,7 @@ TEST_F(AppBlocker, LeavesHiddenWhatTheUserHadHiddenBefore) {
 }
 
 TEST_F(AppBlocker, ShowsOnlyTheWindowThatWasOpenedInAnApplicationTheUserHadHidden) {
-    const auto slack = workspace.launch(u"Slack"_s, {.bundleIdentifier = {}, .windows = 2});
+    const auto slack = workspace.launch(u"Slack"_s, {.windows = 2});
     workspace.hideByUser(slack);
     blocker->blockApp(u"Slack"_s);
     workspace.openWindow(slack);
@@ -163,8 +163,7 @@ TEST_F(AppBlocker, MatchesNamesExactly) {
 }
 
 TEST_F(AppBlocker, NeverHidesItsOwnProgram) {
-    const auto ownWindows =
-        workspace.launch(u"Tolvar"_s, {.bundleIdentifier = {}, .processIdentifier = ownProcess});
+    const auto ownWindows = workspace.launch(u"Tolvar"_s, {.processIdentifier = ownProcess});
     const auto sibling = workspace.launch(u"Tolvar"_s, {.bundleIdentifier = ownBundle});
     const auto stranger = workspace.launch(u"Tolvar"_s);
     blocker->blockApp(u"Tolvar"_s);
@@ -178,7 +177,7 @@ TEST_F(AppBlocker, NeverHidesItsOwnProgram) {
 TEST_F(AppBlocker, HidesAnApplicationWithoutIdentifiersWhenItHasNoneItself) {
     AppBlockerService anonymous(
         {.workspace = workspace, .timers = clock, .alert = alert, .bundleIdentifier = {}});
-    const auto slack = workspace.launch(u"Slack"_s);
+    const auto slack = workspace.launch(u"Slack"_s, {.processIdentifier = 0});
     anonymous.blockApp(u"Slack"_s);
     EXPECT_TRUE(workspace.isHidden(slack));
 }

@@ -23,9 +23,8 @@ FakeWorkspace::~FakeWorkspace() {
 ApplicationHandle FakeWorkspace::launch(const QString& name, const Launch& details) {
     const int id = m_nextId++;
     // Keys do not sort in the order of launching, so that no test relies on it.
-    const ApplicationHandle handle{u"%1#%2"_s.arg(name).arg(id)};
-    const auto process =
-        details.processIdentifier != 0 ? details.processIdentifier : firstProcessIdentifier + id;
+    ApplicationHandle handle{u"%1#%2"_s.arg(name).arg(id)};
+    const auto process = details.processIdentifier.value_or(firstProcessIdentifier + id);
     m_applications.emplace(
         handle, Application{name, details.bundleIdentifier, process,
                             std::vector(static_cast<std::size_t>(details.windows), Window::shown)});
@@ -64,10 +63,6 @@ void FakeWorkspace::terminate(const ApplicationHandle& handle) {
     m_applications.erase(handle);
     if (m_frontmost == handle)
         m_focus = Focus::self;
-}
-
-void FakeWorkspace::renameApplication(const ApplicationHandle& handle, const QString& name) {
-    running(handle).name = name;
 }
 
 int FakeWorkspace::shownWindows(const ApplicationHandle& handle) const {

@@ -17,8 +17,8 @@ namespace tolvar::test {
 class FakeWorkspace final : public Workspace {
 public:
     struct Launch {
-        QString bundleIdentifier;
-        qint64 processIdentifier = 0; ///< 0 for a fresh one
+        QString bundleIdentifier = {};
+        std::optional<qint64> processIdentifier = {}; ///< absent for a fresh one
         int windows = 1;
     };
 
@@ -37,7 +37,6 @@ public:
     void openWindow(const ApplicationHandle& handle);
     void hideByUser(const ApplicationHandle& handle);
     void terminate(const ApplicationHandle& handle);
-    void renameApplication(const ApplicationHandle& handle, const QString& name);
 
     int shownWindows(const ApplicationHandle& handle) const;
     bool isHidden(const ApplicationHandle& handle) const { return shownWindows(handle) == 0; }

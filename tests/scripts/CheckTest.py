@@ -73,6 +73,45 @@ class Layering(unittest.TestCase):
         self.assert_found("no sources")
 
 
+class Check(unittest.TestCase):
+    """scripts/check as a whole, in a small repository of its own."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.copy = Path(folder.name)
+        shutil.copytree(ROOT / "scripts", self.copy / "scripts")
+        shutil.copytree(ROOT / ".ci", self.copy / ".ci")
+        shutil.copytree(ROOT / "src" / "Extensions", self.copy / "src" / "Extensions")
+        shutil.copy(ROOT / ".clang-format", self.copy)
+        subprocess.run(["git", "init", "--quiet", self.copy], check=True)
+
+    def check(self, name):
+        return subprocess.run([self.copy / "scripts" / "check", name], text=True,
+                              capture_output=True, check=False)
+
+    def assert_notices(self, name, path, text):
+        self.assertEqual(self.check(name).returncode, 0, f"{name} before anything was planted")
+        file = self.copy / path
+        file.write_text(text)
+        file.chmod(0o755)
+        result = self.check(name)
+        self.assertEqual(result.returncode, 1)
+        self.assertRegex(result.stdout, f"{name} +FAILED")
+
+    def test_notices_an_include_across_the_layers(self):
+        self.assert_notices("layering", "src/Extensions/Planted.h", "#include <QPainter>\n")
+
+    def test_notices_a_badly_formatted_source(self):
+        self.assert_notices("format", "src/Extensions/Planted.h", "int  planted ( );\n")
+
+    def test_notices_a_careless_shell_script(self):
+        self.assert_notices("scripts", "scripts/planted", "#!/bin/bash\ncd $1\n")
+
+    def test_notices_a_broken_python_script(self):
+        self.assert_notices("scripts", "scripts/planted", "#!/usr/bin/python3\nif:\n")
+
+
 class Linkage(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()

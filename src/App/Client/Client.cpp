@@ -51,7 +51,7 @@ ExitStatus exitStatusOf(RemoteError::Kind kind) {
 /// One element on each line.
 QString jsonText(const QJsonArray& array) {
     QStringList lines;
-    for (const QJsonValue& element : array) {
+    for (const auto& element : array) {
         const QByteArray wrapped =
             QJsonDocument(QJsonArray{element}).toJson(QJsonDocument::Compact);
         lines.append(QString::fromUtf8(wrapped.mid(1, wrapped.size() - 2)));

@@ -5,6 +5,8 @@
 #include "App/Protocol/StatusReport.h"
 #include "TolvarInterface.h"
 
+#include <QDBusPendingCallWatcher>
+
 #include <unistd.h>
 
 namespace tolvar {
@@ -38,7 +40,11 @@ ExitStatus Follower::follow(const QString& address) {
 void Follower::attach(const QString& address) {
     m_control = m_program.control(address);
     connect(m_control.get(), &TolvarInterface::Followed, this, &Follower::show);
-    m_control->Follow();
+    auto* following = new QDBusPendingCallWatcher(m_control->Follow(), m_control.get());
+    connect(following, &QDBusPendingCallWatcher::finished, this, [this, following] {
+        if (following->isError())
+            show(toProperties({}));
+    });
 }
 
 void Follower::programChanged(const QString& address) {

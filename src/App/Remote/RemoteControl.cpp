@@ -48,7 +48,8 @@ QList<Entry> converted(const std::vector<Record>& records, Convert convert) {
 RemoteControl::RemoteControl(const Environment& environment, const QDBusConnection& bus)
     : m_environment(environment)
     , m_planner(environment.installed, environment.workspace)
-    , m_bus(bus) {
+    , m_bus(bus)
+    , m_followers(bus) {
     registerRemoteRecords();
     new TolvarAdaptor(this);
     new ApplicationAdaptor(this);
@@ -57,13 +58,8 @@ RemoteControl::RemoteControl(const Environment& environment, const QDBusConnecti
             &RemoteControl::sessionChanged);
     connect(&m_environment.focusManager, &FocusManager::changed, this,
             &RemoteControl::tellFollowers);
-    if (!m_bus.isConnected())
-        return;
-    m_followerWatcher.setConnection(m_bus);
-    m_followerWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    connect(&m_followerWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
-            &RemoteControl::forgetFollower);
-    m_bus.registerObject(RemoteNames::objectPath, this);
+    if (m_bus.isConnected())
+        m_bus.registerObject(RemoteNames::objectPath, this);
 }
 
 RemoteControl::~RemoteControl() {
@@ -140,16 +136,12 @@ void RemoteControl::Stop() {
 }
 
 void RemoteControl::Follow() {
-    const QString follower = message().service();
-    if (!m_followers.contains(follower)) {
-        m_followers.append(follower);
-        m_followerWatcher.addWatchedService(follower);
-    }
-    tell(follower, toProperties(report()));
+    m_followers.add(message().service());
+    tell(message().service(), toProperties(report()));
 }
 
 void RemoteControl::Unfollow() {
-    forgetFollower(message().service());
+    m_followers.remove(message().service());
 }
 
 QList<HistoryEntry> RemoteControl::History(const QString& before, uint limit) {
@@ -228,10 +220,10 @@ void RemoteControl::sessionChanged() {
 }
 
 void RemoteControl::tellFollowers() {
-    if (m_followers.isEmpty())
+    if (m_followers.names().isEmpty())
         return;
     const auto properties = toProperties(report());
-    for (const QString& follower : m_followers)
+    for (const QString& follower : m_followers.names())
         tell(follower, properties);
 }
 
@@ -240,11 +232,6 @@ void RemoteControl::tell(const QString& follower, const QVariantMap& properties)
                                                      RemoteNames::controlInterface, u"Followed"_s);
     signal.setArguments({properties});
     m_bus.send(signal);
-}
-
-void RemoteControl::forgetFollower(const QString& follower) {
-    m_followers.removeAll(follower);
-    m_followerWatcher.removeWatchedService(follower);
 }
 
 bool RemoteControl::hasSession() {

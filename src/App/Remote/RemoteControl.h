@@ -3,12 +3,12 @@
 #include "App/Protocol/RemoteError.h"
 #include "App/Protocol/RemoteRecords.h"
 #include "App/Protocol/StatusReport.h"
+#include "App/Remote/Followers.h"
 #include "App/Remote/SessionPlanner.h"
 #include "App/Remote/SessionReport.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
-#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QVariantMap>
 
@@ -99,7 +99,6 @@ private:
     void sessionChanged();
     void tellFollowers();
     void tell(const QString& follower, const QVariantMap& properties);
-    void forgetFollower(const QString& follower);
 
     QStringList start(const SessionPlanner::Result& planned);
     /// Refuses the call that is being handled.
@@ -111,8 +110,7 @@ private:
     Environment m_environment;
     SessionPlanner m_planner;
     QDBusConnection m_bus;
-    QDBusServiceWatcher m_followerWatcher;
-    QStringList m_followers;
+    Followers m_followers;
     /// The current session's.
     ResolvedBlocks m_blocks;
     /// The properties that signal their changes, as they were last told.

@@ -79,7 +79,7 @@ HistoryEntry historyEntry(const FocusSession& session) {
         .start = moment(session.startTime),
         .end = moment(session.endTime),
         .duration = session.duration,
-        .focusedTime = session.focusedTime.value_or(0),
+        .focusedTime = toMilliseconds(session.focusedTime.value_or(0)),
         .outcome = isCompleted ? QStringLiteral("completed") : QStringLiteral("endedEarly"),
         .blockedApps = resolved(session.blockedApps, session, &BlockCategory::apps),
         .blockedWebsites = resolved(session.blockedWebsites, session, &BlockCategory::websites),

@@ -26,6 +26,7 @@ StatusReport statusReport(const std::optional<FocusSession>& session, const Reso
 /// The upper-case text of an id, without braces.
 QString idText(const QUuid& id);
 
+/// The focused time is rounded to milliseconds.
 HistoryEntry historyEntry(const FocusSession& session);
 PresetEntry presetEntry(const FocusPreset& preset);
 CategoryEntry categoryEntry(const BlockCategory& category);

@@ -1,5 +1,6 @@
 #include "Platform/Linux/Desktop/DesktopEntries.h"
 
+#include "Support/ChildProcess.h"
 #include "Support/Texts.h"
 
 #include <QDir>
@@ -153,27 +154,30 @@ TEST_F(DesktopEntriesTest, OfThisDesktopFollowTheEnvironment) {
     put(u"home"_s, "own");
     put(u"home/flatpak/exports/share"_s, "flat");
     put(u"system"_s, "system");
-    qputenv("XDG_DATA_HOME", QFile::encodeName(m_root.filePath(u"home"_s)));
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(m_root.filePath(u"system/"_s)));
-    qputenv("XDG_CURRENT_DESKTOP", "Loud:Quiet");
-    qputenv("LC_ALL", "de_DE.UTF-8");
-    qputenv("LANGUAGE", "pt_BR:es");
+    test::ChildProcess child([&] {
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_root.filePath(u"home"_s)));
+        qputenv("XDG_DATA_DIRS", QFile::encodeName(m_root.filePath(u"system/"_s)));
+        qputenv("XDG_CURRENT_DESKTOP", "Loud:Quiet");
+        qputenv("LC_ALL", "de_DE.UTF-8");
+        qputenv("LANGUAGE", "pt_BR:es");
 
-    const auto load = [] {
-        std::map<QString, DesktopEntry> found;
-        for (const auto& entry : DesktopEntries::ofThisDesktop().load())
-            found.emplace(entry.id, entry);
-        return found;
-    };
-    auto found = load();
-    for (const auto& id : {u"own"_s, u"flat"_s, u"system"_s}) {
-        ASSERT_TRUE(found.contains(id)) << id.toStdString();
-        EXPECT_EQ(found[id].name, u"Nome"_s);
-        EXPECT_FALSE(found[id].appliesHere);
-    }
+        const auto load = [] {
+            std::map<QString, DesktopEntry> found;
+            for (const auto& entry : DesktopEntries::ofThisDesktop().load())
+                found.emplace(entry.id, entry);
+            return found;
+        };
+        auto found = load();
+        for (const auto& id : {u"own"_s, u"flat"_s, u"system"_s}) {
+            ASSERT_TRUE(found.contains(id)) << id.toStdString();
+            EXPECT_EQ(found[id].name, u"Nome"_s);
+            EXPECT_FALSE(found[id].appliesHere);
+        }
 
-    qputenv("LC_ALL", "C");
-    EXPECT_EQ(load()[u"own"_s].name, u"own"_s);
+        qputenv("LC_ALL", "C");
+        EXPECT_EQ(load()[u"own"_s].name, u"own"_s);
+    });
+    EXPECT_TRUE(child.succeeds());
 }
 
 } // namespace

@@ -1,0 +1,1 @@
+"""A private desktop; see scripts/desktop."""

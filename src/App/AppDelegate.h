@@ -1,0 +1,62 @@
+#pragma once
+
+#include "App/Remote/RemoteControl.h"
+#include "Models/CategoryStore.h"
+#include "Models/FocusManager.h"
+#include "Platform/Common/QtTimerService.h"
+#include "Platform/Common/SystemClock.h"
+#include "Platform/Interfaces/BundleInfo.h"
+#include "Platform/Interfaces/InstalledApplications.h"
+#include "Platform/Interfaces/SystemLog.h"
+#include "Platform/Linux/DBus/FreedesktopNotificationCenter.h"
+#include "Platform/Null/NullBlockAlert.h"
+#include "Platform/Null/NullBrowserChannel.h"
+#include "Platform/Null/NullHapticPerformer.h"
+#include "Platform/Null/NullUpdateSource.h"
+#include "Services/Updater.h"
+#include "Sound/InterfaceSound.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <memory>
+
+namespace tolvar {
+
+/// The running program: chooses what stands behind each interface of the desktop, and owns it all
+/// together with the one engine. Members are made from top to bottom and end in reverse.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `bus` is the session bus; without a connection there are no notifications and there is no
+    /// remote control, and the rest works.
+    AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus);
+    ~AppDelegate() override;
+
+    /// What the person who starts the program should know of this desktop; one line each.
+    QStringList limitations() const;
+
+Q_SIGNALS:
+    void quitRequested();
+
+private:
+    std::unique_ptr<SystemLog> m_log;
+    std::unique_ptr<Preferences> m_preferences;
+    SystemClock m_clock;
+    QtTimerService m_timers;
+    std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<InstalledApplications> m_installed;
+    NullBrowserChannel m_browsers;
+    NullBlockAlert m_alert;
+    NullHapticPerformer m_haptics;
+    SilentInterfaceSound m_sound;
+    FreedesktopNotificationCenter m_notifications;
+    NullUpdateSource m_updateSource;
+    Updater m_updater;
+    CategoryStore m_categories;
+    FocusManager m_focusManager;
+    RemoteControl m_remoteControl;
+};
+
+} // namespace tolvar
