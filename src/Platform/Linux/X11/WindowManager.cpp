@@ -42,6 +42,9 @@ std::unique_ptr<WindowHider> makeHider(const WindowManager& manager, XConnection
                    ? std::make_unique<I3WorkspaceHider>(connection, reader, std::move(ipc))
                    : nullptr;
     }
+    // The X11 side of Wayland compositors that promises more than most of these keep.
+    if (manager.name == u"wlroots wm")
+        return nullptr;
     return manager.minimises ? std::make_unique<IconifyingHider>(connection, reader) : nullptr;
 }
 

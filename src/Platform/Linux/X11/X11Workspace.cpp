@@ -115,6 +115,8 @@ Desk X11Workspace::Session::look() {
 void X11Workspace::Session::hide(const QString& key) {
     // Who hides what was just reported need not look again.
     const auto seen = std::exchange(m_justSeen, std::nullopt);
+    if (!knowsHowToHide())
+        return;
     const auto windows = (seen ? *seen : look()).windowsOf(key);
     if (windows.empty())
         return;

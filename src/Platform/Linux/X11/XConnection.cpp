@@ -4,6 +4,7 @@
 #include <QStringConverter>
 
 #include <poll.h>
+#include <signal.h>
 #include <xcb/res.h>
 
 #include <algorithm>
@@ -87,6 +88,8 @@ std::unique_ptr<XConnection> XConnection::open() {
 }
 
 bool XConnection::connect() {
+    // Writing to a server that has just gone would end this process.
+    signal(SIGPIPE, SIG_IGN);
     int screenNumber = 0;
     xcb_connection_t* connection = xcb_connect(nullptr, &screenNumber);
     if (xcb_connection_has_error(connection)) {

@@ -111,6 +111,17 @@ TEST(X11Server, KeepsWindowsHiddenWhileOneWindowManagerReplacesAnotherAndShowsTh
     EXPECT_TRUE(TestDesktop::waitUntil([&] { return !desktop.isMarked(window); }));
 }
 
+TEST(X11Server, IsMissedQuietlyByWhoIsTheFirstToAskForSomething) {
+    PrivateServer server;
+    RecordingLog log;
+    const auto workspace = X11Workspace::create(noEntries(), log);
+    ASSERT_TRUE(workspace);
+    server.end();
+    workspace->hide({u"entry:chat"_s});
+    EXPECT_TRUE(workspace->runningApplications().empty());
+    EXPECT_EQ(log.lines.size(), 1u);
+}
+
 TEST(X11Server, IsMissedQuietlyAndLoggedOnce) {
     PrivateServer server;
     RecordingLog log;
