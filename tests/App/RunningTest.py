@@ -99,6 +99,16 @@ class WithABus(stage.Stage):
             self.assertIn("—", self.assert_run("history").stdout)
         self.assertIsNone(program.poll())
 
+    def test_the_end_of_a_session_of_no_sensible_length_does_not_end_it(self):
+        self.launch_and_wait()
+        self.assert_run("start", "Past")
+        self.assert_run("quit")
+        self.edit_preferences("currentSession", lambda session: {**session, "duration": -1e300})
+        program = self.launch_and_wait()
+        stage.wait_until("the session is over", lambda: self.status() == {"status": "ready"})
+        self.assertIn("completed", self.assert_run("history").stdout)
+        self.assertIsNone(program.poll())
+
     def test_quit_returns_when_it_is_gone(self):
         for _ in range(5):
             program = self.launch_and_wait()

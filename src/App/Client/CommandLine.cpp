@@ -265,7 +265,8 @@ itself) is there only when paused.
 While Tolvar does not run, status --follow says so ("status":"off") and waits for it to come.
 
 Exit status: 0 done; 1 it does not apply now, such as pausing without a session, or the output
-cannot be written; 2 the command line is wrong, or names an unknown category or preset; 3 Tolvar does not run or does not answer.
+cannot be written; 2 the command line is wrong, or names an unknown category or preset; 3 Tolvar
+does not run or does not answer.
 )"_s;
 }
 
