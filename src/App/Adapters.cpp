@@ -13,13 +13,16 @@ namespace tolvar {
 
 using namespace Qt::StringLiterals;
 
+QString Adapters::dataFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/tolvar"_s;
+}
+
 std::unique_ptr<SystemLog> Adapters::systemLog() {
     return std::make_unique<JournalLog>();
 }
 
 std::unique_ptr<Preferences> Adapters::preferences(SystemLog& log, TimerService& timers) {
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return std::make_unique<SqlitePreferences>(data + u"/tolvar/preferences.sqlite3"_s, log,
+    return std::make_unique<SqlitePreferences>(dataFolder() + u"/preferences.sqlite3"_s, log,
                                                timers);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <memory>
 
 namespace tolvar {
@@ -13,6 +15,8 @@ class Workspace;
 /// The real things behind the interfaces, as far as this desktop has them; else null objects.
 namespace Adapters {
 
+/// Where the preferences lie: "tolvar" below XDG_DATA_HOME (XDG Base Directory Specification).
+QString dataFolder();
 std::unique_ptr<SystemLog> systemLog();
 /// `log` and `timers` outlive what is made with them.
 std::unique_ptr<Preferences> preferences(SystemLog& log, TimerService& timers);

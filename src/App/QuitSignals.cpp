@@ -28,12 +28,17 @@ int openEventDescriptor() {
     return eventDescriptor;
 }
 
+/// A signal that the parent had ignored, as nohup does, stays ignored.
 void handleQuitSignals(void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int number : quitSignals)
-        ::sigaction(number, &action, nullptr);
+    for (const int number : quitSignals) {
+        struct sigaction present = {};
+        ::sigaction(number, nullptr, &present);
+        if (present.sa_handler != SIG_IGN)
+            ::sigaction(number, &action, nullptr);
+    }
 }
 
 } // namespace

@@ -2,59 +2,51 @@
 
 #include "App/Protocol/RemoteNames.h"
 
-#include <QDir>
-#include <QLockFile>
-
-#include <sys/stat.h>
-#include <unistd.h>
+#include <QDBusConnectionInterface>
 
 #include <chrono>
+#include <thread>
 
 namespace tolvar {
 
 namespace {
 
-using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
-/// A lock that another process holds is the only reason not to have it.
-std::unique_ptr<QLockFile> lockIn(const QString& folder) {
-    QDir().mkpath(QFileInfo(folder).path());
-    ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
-    auto lock = std::make_unique<QLockFile>(folder + u"/instance.lock"_s);
-    // The lock of a process that lives is never stale, however old it is.
-    lock->setStaleLockTime(0);
-    const bool isHeldElsewhere = !lock->tryLock() && lock->error() == QLockFile::LockFailedError;
-    return isHeldElsewhere ? nullptr : std::move(lock);
+constexpr auto patience = 2s;
+constexpr auto lookInterval = 20ms;
+
+bool isNameTaken(const QDBusConnection& bus) {
+    return bus.isConnected() && bus.interface()->isServiceRegistered(RemoteNames::service);
 }
 
 } // namespace
 
-std::unique_ptr<SingleInstance> SingleInstance::claim(const QDBusConnection& bus,
-                                                      const QString& lockFolder) {
-    if (!bus.isConnected()) {
-        auto lock = lockIn(lockFolder);
-        return lock ? std::unique_ptr<SingleInstance>(new SingleInstance(bus, std::move(lock)))
-                    : nullptr;
+/// The lock is taken before the name and given back after it: between the two there is one that has
+/// the lock and cannot be reached, which alone does not mean that it lives in another session.
+SingleInstance::Claim SingleInstance::claim(const QDBusConnection& bus, const QString& dataFolder) {
+    const auto deadline = std::chrono::steady_clock::now() + (bus.isConnected() ? patience : 0s);
+    auto lock = std::make_unique<InstanceLock>(dataFolder);
+    while (lock->state() == InstanceLock::State::heldElsewhere) {
+        if (isNameTaken(bus))
+            return Obstacle::runsOnThisBus;
+        if (std::chrono::steady_clock::now() >= deadline)
+            return Obstacle::runsElsewhere;
+        std::this_thread::sleep_for(lookInterval);
+        lock = std::make_unique<InstanceLock>(dataFolder);
     }
-    if (!QDBusConnection(bus).registerService(RemoteNames::service))
-        return nullptr;
-    return std::unique_ptr<SingleInstance>(new SingleInstance(bus, nullptr));
+    if (bus.isConnected() && !QDBusConnection(bus).registerService(RemoteNames::service))
+        return Obstacle::runsOnThisBus;
+    return std::unique_ptr<SingleInstance>(new SingleInstance(bus, std::move(lock)));
 }
 
-SingleInstance::SingleInstance(const QDBusConnection& bus, std::unique_ptr<QLockFile> lock)
+SingleInstance::SingleInstance(const QDBusConnection& bus, std::unique_ptr<InstanceLock> lock)
     : m_bus(bus)
     , m_lock(std::move(lock)) {}
 
 SingleInstance::~SingleInstance() {
-    if (!m_lock)
+    if (m_bus.isConnected())
         m_bus.unregisterService(RemoteNames::service);
-}
-
-QString runtimeFolder() {
-    const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (!session.isEmpty())
-        return session + u"/tolvar"_s;
-    return QDir::tempPath() + u"/tolvar-"_s + QString::number(::getuid());
 }
 
 } // namespace tolvar

@@ -1,35 +1,40 @@
 #pragma once
 
+#include "App/InstanceLock.h"
+
 #include <QDBusConnection>
 #include <QString>
 
 #include <memory>
-
-class QLockFile;
+#include <variant>
 
 namespace tolvar {
 
-/// The right to be the one running program of a session: its name on the session bus, or without a
-/// bus the lock on a file. It is given back when this object is destroyed.
+/// The right to be the one running program: the lock beside the preferences, because two would
+/// overwrite each other's history, and where there is a session bus the name on it. Both are given
+/// back when this object is destroyed.
 class SingleInstance {
 public:
-    /// Null when another one has it. The file lies in `lockFolder`, which is made for its owner
-    /// alone; where that is impossible nobody is kept from running.
-    static std::unique_ptr<SingleInstance> claim(const QDBusConnection& bus,
-                                                 const QString& lockFolder);
+    enum class Obstacle {
+        /// Another one can be reached by its name on this bus.
+        runsOnThisBus,
+        /// Another one uses the same folder from another session, or there is no bus here.
+        runsElsewhere,
+    };
+    using Claim = std::variant<std::unique_ptr<SingleInstance>, Obstacle>;
+
+    /// `dataFolder` holds the preferences; where nothing can be locked in it, the name alone
+    /// counts. One that is just coming or going is waited for, up to two seconds.
+    static Claim claim(const QDBusConnection& bus, const QString& dataFolder);
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
 
 private:
-    SingleInstance(const QDBusConnection& bus, std::unique_ptr<QLockFile> lock);
+    SingleInstance(const QDBusConnection& bus, std::unique_ptr<InstanceLock> lock);
 
     QDBusConnection m_bus;
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<InstanceLock> m_lock;
 };
-
-/// "tolvar" below XDG_RUNTIME_DIR (XDG Base Directory Specification); where that is not set, a
-/// folder of this user's among the temporary files.
-QString runtimeFolder();
 
 } // namespace tolvar

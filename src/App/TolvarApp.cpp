@@ -1,5 +1,6 @@
 #include "App/TolvarApp.h"
 
+#include "App/Adapters.h"
 #include "App/AppDelegate.h"
 #include "App/Client/Client.h"
 #include "App/Client/CommandLine.h"
@@ -37,12 +38,15 @@ ExitStatus TolvarApp::ask(const Command::Any& command) {
 /// The bus keeps what it receives until the event loop runs, so that whoever sees the name finds
 /// the remote control behind it, though that is made later.
 ExitStatus TolvarApp::open() {
-    const auto instance = SingleInstance::claim(m_bus, runtimeFolder());
-    if (instance)
+    const auto claim = SingleInstance::claim(m_bus, Adapters::dataFolder());
+    const auto* obstacle = std::get_if<SingleInstance::Obstacle>(&claim);
+    if (!obstacle)
         return runProgram();
-    if (m_bus.isConnected())
+    if (*obstacle == SingleInstance::Obstacle::runsOnThisBus)
         return ask(Command::Open{});
-    m_terminal.complain(u"Tolvar runs already, and there is no session bus to reach it by"_s);
+    m_terminal.complain(m_bus.isConnected()
+                            ? u"Tolvar runs already in another session"_s
+                            : u"Tolvar runs already, and there is no session bus to reach it by"_s);
     return ExitStatus::unreachable;
 }
 

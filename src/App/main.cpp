@@ -4,10 +4,26 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdlib>
 
+namespace {
+
+/// A standard stream that was closed would be whatever is opened next, such as the connection to
+/// the bus. It stays what it was: one that cannot be read or written.
+void occupyStandardDescriptors() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(descriptor, F_GETFD) < 0)
+            ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    occupyStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication application(argc, argv);
     tolvar::TolvarApp app(tolvar::thisBundle(), QDBusConnection::sessionBus());

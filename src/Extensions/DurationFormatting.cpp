@@ -19,8 +19,12 @@ QString twoDigits(qint64 number) {
 
 } // namespace
 
+bool isShowable(Seconds duration) {
+    return duration >= -beyondInt64 && duration < beyondInt64;
+}
+
 QString formattedCompact(Seconds duration) {
-    if (!(duration >= -beyondInt64 && duration < beyondInt64))
+    if (!isShowable(duration))
         qFatal("A duration of %f seconds cannot be shown", duration);
     const auto seconds = static_cast<qint64>(duration);
     const qint64 hours = seconds / secondsPerHour;

@@ -4,6 +4,7 @@
 #include "Models/AppSettings.h"
 #include "Models/FocusSession.h"
 
+#include <cmath>
 #include <iostream>
 
 namespace tolvar {
@@ -11,6 +12,12 @@ namespace tolvar {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// A stored session may be longer than can be shown; telling of its end is no reason to crash.
+QString durationText(Seconds duration) {
+    constexpr Seconds extreme = 9e18;
+    return formattedCompact(isShowable(duration) ? duration : std::copysign(extreme, duration));
+}
 
 /// Flushed, for a person who reads along.
 void printLine(const QString& text) {
@@ -51,7 +58,7 @@ NotificationSound CompletionNotification::completionNotificationSound() const {
 }
 
 QString completionNotificationBody(const FocusSession& session) {
-    const auto duration = formattedCompact(session.duration);
+    const auto duration = durationText(session.duration);
     if (session.goal.isEmpty())
         return u"You focused for "_s + duration + u'.';
     return session.goal + u" \u2014 "_s + duration + u" of focus."_s;

@@ -6,6 +6,8 @@ import json
 import os
 import select
 import shutil
+import signal
+import sqlite3
 import subprocess
 import tempfile
 import time
@@ -17,6 +19,9 @@ import dbus.bus
 TOLVAR = os.environ["TOLVAR"]
 PATIENCE_SECONDS = 20
 NAME = "app.tolvar.Tolvar"
+
+# A shell that started the tests in the background may ignore it, and so would what they start.
+signal.signal(signal.SIGINT, signal.default_int_handler)
 
 CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -66,19 +71,21 @@ class Stage(unittest.TestCase):
     def start_bus(self, rule=""):
         configuration = self.folder / "bus.conf"
         configuration.write_text(CONFIGURATION.format(folder=self.folder, rule=rule))
-        self.bus = subprocess.Popen(
+        bus = subprocess.Popen(
             ["dbus-daemon", "--nofork", "--print-address", f"--config-file={configuration}"],
             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        self.addCleanup(self.end_bus)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus.stdout.readline().strip()
+        self.bus = bus
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        self.addCleanup(self.end_bus, bus, dict(self.environment))
 
-    def end_bus(self):
-        if self.bus.poll() is None:
+    def end_bus(self, bus, environment):
+        if bus.poll() is None:
             # Only what runs here at the end of a test is left to this.
+            self.environment = environment
             self.run_tolvar("quit")
-            self.bus.kill()
-        self.bus.wait()
-        self.bus.stdout.close()
+            bus.kill()
+        bus.wait()
+        bus.stdout.close()
 
     def run_tolvar(self, *arguments, **options):
         return subprocess.run([TOLVAR, *arguments], env=self.environment, text=True, check=False,
@@ -116,6 +123,14 @@ class Stage(unittest.TestCase):
         for pipe in (process.stdout, process.stderr):
             if pipe:
                 pipe.close()
+
+    def edit_preferences(self, key, edit):
+        """Replaces what is stored under the key by what `edit` makes of it; Tolvar must not run."""
+        path = self.folder / ".local" / "share" / "tolvar" / "preferences.sqlite3"
+        with contextlib.closing(sqlite3.connect(path)) as database, database:
+            [[document]] = database.execute("SELECT value FROM preferences WHERE key = ?", [key])
+            edited = json.dumps(edit(json.loads(document))).encode()
+            database.execute("UPDATE preferences SET value = ? WHERE key = ?", [edited, key])
 
     def process_id(self):
         """Of the program that owns the name."""

@@ -4,6 +4,7 @@
 #include "App/Client/Follower.h"
 #include "App/Client/ListFormat.h"
 #include "App/Client/StatusFormat.h"
+#include "App/Client/TextTable.h"
 #include "App/Protocol/RemoteError.h"
 #include "App/Protocol/RemoteNames.h"
 #include "App/Protocol/RemoteRecords.h"
@@ -46,6 +47,12 @@ ExitStatus exitStatusOf(RemoteError::Kind kind) {
         return ExitStatus::wrongUsage;
     }
     Q_UNREACHABLE();
+}
+
+/// Of these the bus library's own words say only what they might mean.
+bool isSilence(QDBusError::ErrorType type) {
+    return type == QDBusError::NoReply || type == QDBusError::Timeout ||
+           type == QDBusError::TimedOut || type == QDBusError::Disconnected;
 }
 
 /// One element on each line.
@@ -125,11 +132,9 @@ ExitStatus Client::execute(const Command::Stop&) {
 }
 
 ExitStatus Client::execute(const Command::Status& status) {
-    return ask([&](const QString& address) {
-        if (!status.follow)
-            return showStatus(address, status.format);
-        return Follower(m_running, status.format, m_terminal).follow(address);
-    });
+    if (status.follow && m_running.bus().isConnected())
+        return Follower(m_running, status.format, m_terminal).follow();
+    return ask([&](const QString& address) { return showStatus(address, status.format); });
 }
 
 ExitStatus Client::execute(const Command::List& list) {
@@ -169,13 +174,11 @@ ExitStatus Client::execute(const Command::Quit&) {
 }
 
 ExitStatus Client::execute(const Command::Version&) {
-    m_terminal.print(u"tolvar "_s + m_program.version + u'\n');
-    return ExitStatus::done;
+    return print(u"tolvar "_s + m_program.version + u'\n');
 }
 
 ExitStatus Client::execute(const Command::Help&) {
-    m_terminal.print(helpText());
-    return ExitStatus::done;
+    return print(helpText());
 }
 
 /// All properties in one round trip, and of one moment.
@@ -184,11 +187,12 @@ ExitStatus Client::showStatus(const QString& address, Command::Status::Format fo
         address, RemoteNames::objectPath, u"org.freedesktop.DBus.Properties"_s, u"GetAll"_s);
     question.setArguments({RemoteNames::controlInterface});
     const QDBusPendingReply<QVariantMap> properties = m_running.bus().asyncCall(
-        question, static_cast<int>(std::chrono::milliseconds(RunningProgram::patience).count()));
+        question,
+        static_cast<int>(std::chrono::milliseconds(RunningProgram::answerPatience).count()));
     const ExitStatus status = settle(properties);
-    if (status == ExitStatus::done)
-        m_terminal.print(formatStatus(statusFromProperties(properties.value()), format) + u'\n');
-    return status;
+    if (status != ExitStatus::done)
+        return status;
+    return print(formatStatus(statusFromProperties(properties.value()), format) + u'\n');
 }
 
 ExitStatus Client::showHistory(const QString& address, const Command::List& list) {
@@ -213,9 +217,10 @@ ExitStatus Client::showBrowsers(const QString& address, const Command::List& lis
         return status;
     if (list.format == Command::List::Format::json)
         return showJson(QJsonArray::fromStringList(browsers.value()));
-    m_terminal.print(browsers.value().isEmpty() ? u"No browser can be reached.\n"_s
-                                                : browsers.value().join(u'\n') + u'\n');
-    return ExitStatus::done;
+    QString lines;
+    for (const QString& browser : browsers.value())
+        lines += singleLine(browser) + u'\n';
+    return print(lines.isEmpty() ? u"No browser can be reached.\n"_s : lines);
 }
 
 template<typename Entries, typename Table>
@@ -227,13 +232,16 @@ ExitStatus Client::show(const Entries& entries, const Command::List& list, Table
             array.append(toJson(entry));
         return showJson(array);
     }
-    m_terminal.print(entries.isEmpty() ? whenEmpty + u'\n' : table(entries));
-    return ExitStatus::done;
+    return print(entries.isEmpty() ? whenEmpty + u'\n' : table(entries));
 }
 
 ExitStatus Client::showJson(const QJsonArray& array) {
-    m_terminal.print(jsonText(array));
-    return ExitStatus::done;
+    return print(jsonText(array));
+}
+
+ExitStatus Client::print(const QString& text) {
+    return m_terminal.print(text) == Terminal::Printed::failed ? ExitStatus::notApplicable
+                                                               : ExitStatus::done;
 }
 
 template<typename Question>
@@ -253,7 +261,8 @@ ExitStatus Client::explain(const QDBusError& error) {
         m_terminal.complain(error.message());
         return exitStatusOf(*kind);
     }
-    m_terminal.complain(u"Tolvar does not answer: "_s + error.message());
+    m_terminal.complain(isSilence(error.type()) ? u"Tolvar does not answer"_s
+                                                : u"Tolvar does not answer: "_s + error.message());
     return ExitStatus::unreachable;
 }
 

@@ -50,6 +50,8 @@ private:
     ExitStatus show(const Entries& entries, const Command::List& list, Table table,
                     const QString& whenEmpty);
     ExitStatus showJson(const QJsonArray& array);
+    /// Output that nobody reads is no failure.
+    ExitStatus print(const QString& text);
 
     /// Asks the running program with `question`, a function of its address.
     template<typename Question>

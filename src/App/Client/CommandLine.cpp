@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <utility>
@@ -116,7 +117,8 @@ Parsed parseStart(const QString& name, const QStringList& rest) {
     };
     if (start.preset && !(start.categories + start.apps + start.sites).isEmpty())
         arguments.fail(u"--preset brings its own choice of what to block"_s);
-    if (start.apps.contains(QString()))
+    if (std::any_of(start.apps.begin(), start.apps.end(),
+                    [](const QString& app) { return app.trimmed().isEmpty(); }))
         arguments.fail(u"--app needs the name of an application"_s);
     return arguments.resultOr(start);
 }
@@ -260,10 +262,11 @@ status --json prints one object on a line. "status" is "ready", "focusing" or "p
 is "ready", there are also "goal", "duration", "remaining" and "elapsed" (seconds), "pausesLeft",
 "blockedApps", "blockedWebsites" and "clock"; "pauseRemaining" (seconds until a pause ends by
 itself) is there only when paused.
-status --follow goes on when Tolvar quits: it says so ("status":"off") and waits for it to return.
+While Tolvar does not run, status --follow says so ("status":"off") and waits for it to come.
 
-Exit status: 0 done; 1 it does not apply now, such as pausing without a session; 2 the command
-line is wrong, or names an unknown category or preset; 3 Tolvar does not run or does not answer.
+Exit status: 0 done; 1 it does not apply now, such as pausing without a session, or the output
+cannot be written; 2 the command line is wrong, or names an unknown category or preset; 3 Tolvar
+does not run or does not answer.
 )"_s;
 }
 

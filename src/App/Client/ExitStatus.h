@@ -5,7 +5,7 @@ namespace tolvar {
 /// What a command tells the shell.
 enum class ExitStatus {
     done = 0,
-    /// It does not apply now, such as pausing without a session.
+    /// It does not apply now, such as pausing without a session; or the output cannot be written.
     notApplicable = 1,
     /// The command line is wrong, or names what does not exist.
     wrongUsage = 2,

@@ -23,7 +23,7 @@ Follower::Follower(const RunningProgram& program, Command::Status::Format format
     connect(
         &m_programWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) { programChanged(owner); });
-    connect(&m_hangUp, &QSocketNotifier::activated, this, [this] { m_loop.exit(); });
+    connect(&m_hangUp, &QSocketNotifier::activated, this, [this] { end(ExitStatus::done); });
     // The bus library tells of a lost bus by this signal alone, from nobody and by its text.
     QDBusConnection(program.bus())
         .connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
@@ -32,9 +32,9 @@ Follower::Follower(const RunningProgram& program, Command::Status::Format format
 
 Follower::~Follower() = default;
 
-ExitStatus Follower::follow(const QString& address) {
-    attach(address);
-    return static_cast<ExitStatus>(m_loop.exec());
+ExitStatus Follower::follow() {
+    programChanged(m_program.address().value_or(QString()));
+    return m_end ? *m_end : static_cast<ExitStatus>(m_loop.exec());
 }
 
 void Follower::attach(const QString& address) {
@@ -57,13 +57,22 @@ void Follower::programChanged(const QString& address) {
 
 void Follower::show(const QVariantMap& properties) {
     const QString line = formatStatus(statusFromProperties(properties), m_format) + u'\n';
-    if (line != std::exchange(m_lastLine, line) && !m_terminal.print(line))
-        m_loop.exit();
+    if (line == std::exchange(m_lastLine, line))
+        return;
+    const auto printed = m_terminal.print(line);
+    if (printed != Terminal::Printed::all)
+        end(printed == Terminal::Printed::failed ? ExitStatus::notApplicable : ExitStatus::done);
 }
 
 void Follower::busEnded() {
     m_terminal.complain(u"the session bus is gone"_s);
-    m_loop.exit(static_cast<int>(ExitStatus::unreachable));
+    end(ExitStatus::unreachable);
+}
+
+/// The loop may not run yet.
+void Follower::end(ExitStatus status) {
+    m_end = status;
+    m_loop.exit(static_cast<int>(status));
 }
 
 } // namespace tolvar

@@ -13,12 +13,13 @@
 #include <QVariantMap>
 
 #include <memory>
+#include <optional>
 
 namespace tolvar {
 
-/// Prints a line whenever the status changes, as the running program tells it. When the program
-/// quits, the line says so, and the following goes on when it returns. It ends quietly when nobody
-/// reads the lines any more, and as unreachable when the bus ends.
+/// Prints a line whenever the status changes, as the running program tells it. While the
+/// program does not run, the line says so, and the following goes on when it comes. It ends quietly
+/// when nobody reads the lines any more, and as unreachable when the bus ends.
 class Follower final : public QObject {
     Q_OBJECT
 
@@ -26,8 +27,8 @@ public:
     Follower(const RunningProgram& program, Command::Status::Format format, Terminal& terminal);
     ~Follower() override;
 
-    /// Follows the program at `address` until there is a reason to end.
-    ExitStatus follow(const QString& address);
+    /// Follows the program until there is a reason to end. Needs a bus.
+    ExitStatus follow();
 
 private Q_SLOTS:
     void busEnded();
@@ -36,6 +37,7 @@ private:
     void attach(const QString& address);
     void programChanged(const QString& address);
     void show(const QVariantMap& properties);
+    void end(ExitStatus status);
 
     const RunningProgram& m_program;
     Command::Status::Format m_format;
@@ -45,6 +47,7 @@ private:
     std::unique_ptr<TolvarInterface> m_control;
     QEventLoop m_loop;
     QString m_lastLine;
+    std::optional<ExitStatus> m_end;
 };
 
 } // namespace tolvar

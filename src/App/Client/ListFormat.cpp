@@ -12,8 +12,19 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// Invalid far outside the years that a calendar has.
 QDateTime moment(double sinceEpoch) {
+    if (!isShowable(sinceEpoch * 1000))
+        return {};
     return QDateTime::fromMSecsSinceEpoch(qRound64(sinceEpoch * 1000), Qt::UTC);
+}
+
+QString orEmDash(const QString& text) {
+    return text.isEmpty() ? u"\u2014"_s : text;
+}
+
+QString lengthText(Seconds duration) {
+    return isShowable(duration) ? formattedCompact(duration) : orEmDash({});
 }
 
 QString isoText(double sinceEpoch) {
@@ -21,7 +32,7 @@ QString isoText(double sinceEpoch) {
 }
 
 QString localText(double sinceEpoch) {
-    return moment(sinceEpoch).toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s);
+    return orEmDash(moment(sinceEpoch).toLocalTime().toString(u"yyyy-MM-dd HH:mm"_s));
 }
 
 QString outcomeText(const QString& outcome) {
@@ -42,9 +53,8 @@ QString historyTable(const QList<HistoryEntry>& sessions) {
     std::vector<QStringList> rows = {
         {u"STARTED"_s, u"FOCUSED"_s, u"OF"_s, u"OUTCOME"_s, u"GOAL"_s}};
     for (const HistoryEntry& session : sessions)
-        rows.push_back({localText(session.start), formattedCompact(session.focusedTime),
-                        formattedCompact(session.duration), outcomeText(session.outcome),
-                        session.goal});
+        rows.push_back({localText(session.start), lengthText(session.focusedTime),
+                        lengthText(session.duration), outcomeText(session.outcome), session.goal});
     return textTable(rows);
 }
 
@@ -52,7 +62,7 @@ QString presetTable(const QList<PresetEntry>& presets) {
     std::vector<QStringList> rows = {
         {u"NAME"_s, u"LENGTH"_s, u"CATEGORIES"_s, u"APPS"_s, u"SITES"_s}};
     for (const PresetEntry& preset : presets)
-        rows.push_back({preset.name, formattedCompact(preset.duration), orDash(preset.categories),
+        rows.push_back({preset.name, lengthText(preset.duration), orDash(preset.categories),
                         orDash(preset.apps), orDash(preset.websites)});
     return textTable(rows);
 }

@@ -22,7 +22,8 @@ namespace {
 template<typename Interface>
 std::unique_ptr<Interface> proxy(const QString& address, const QDBusConnection& bus) {
     auto made = std::make_unique<Interface>(address, RemoteNames::objectPath, bus);
-    made->setTimeout(static_cast<int>(std::chrono::milliseconds(RunningProgram::patience).count()));
+    made->setTimeout(
+        static_cast<int>(std::chrono::milliseconds(RunningProgram::answerPatience).count()));
     return made;
 }
 

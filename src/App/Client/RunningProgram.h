@@ -15,7 +15,9 @@ namespace tolvar {
 /// The way to the running program on a session bus. Nothing here makes the bus start it.
 class RunningProgram {
 public:
-    /// How long to wait for an answer, and for the program to come or go.
+    /// How long to wait for an answer. A program that runs answers in milliseconds.
+    static constexpr std::chrono::seconds answerPatience{3};
+    /// How long to wait for the program to come or go.
     static constexpr std::chrono::seconds patience{10};
 
     explicit RunningProgram(const QDBusConnection& bus)
@@ -24,7 +26,7 @@ public:
     const QDBusConnection& bus() const { return m_bus; }
     /// The unique bus name of the running program; nothing when none runs or there is no bus.
     std::optional<QString> address() const;
-    /// The remote control of the program at `address`. Calls block for at most `patience`.
+    /// The remote control of the program at `address`. Calls block for at most `answerPatience`.
     std::unique_ptr<TolvarInterface> control(const QString& address) const;
     std::unique_ptr<ApplicationInterface> application(const QString& address) const;
 

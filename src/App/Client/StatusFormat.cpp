@@ -46,7 +46,8 @@ QString textLine(const StatusReport& report) {
     case State::paused:
         return u"Paused%1: %2 left, goes on in %3, %4"_s.arg(
             onGoal(report), remainingClock(report),
-            formattedClock(report.pauseRemaining, PadMinutes::no), pauses(report.pausesLeft));
+            formattedClock(std::max(report.pauseRemaining, 0), PadMinutes::no),
+            pauses(report.pausesLeft));
     }
     Q_UNREACHABLE();
 }
@@ -70,9 +71,8 @@ QString jsonLine(const StatusReport& report) {
 
 /// How much of the session is done, in whole percent.
 int percentage(const StatusReport& report) {
-    if (report.duration <= 0)
-        return 0;
-    return static_cast<int>(std::clamp(report.elapsed / report.duration, 0.0, 1.0) * 100);
+    const double done = report.elapsed / report.duration;
+    return done > 0 ? static_cast<int>(std::min(done, 1.0) * 100) : 0;
 }
 
 QString waybarLine(const StatusReport& report) {
@@ -113,8 +113,9 @@ QString formatStatus(const StatusReport& report, Command::Status::Format format)
 }
 
 QString remainingClock(const StatusReport& report) {
-    const auto seconds = static_cast<qint64>(std::ceil(std::max(report.remaining, 0.0)));
-    return formattedClock(seconds, PadMinutes::no);
+    const Seconds remaining = std::ceil(std::max(report.remaining, 0.0));
+    return isShowable(remaining) ? formattedClock(static_cast<qint64>(remaining), PadMinutes::no)
+                                 : u"\u2014"_s;
 }
 
 } // namespace tolvar

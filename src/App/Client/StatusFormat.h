@@ -16,6 +16,7 @@ namespace tolvar {
 QString formatStatus(const StatusReport& report, Command::Status::Format format);
 
 /// The remaining time as a running clock, rounded up to whole seconds: "24:59", "0:00" at the end.
+/// A dash where the number means no length of time.
 QString remainingClock(const StatusReport& report);
 
 } // namespace tolvar

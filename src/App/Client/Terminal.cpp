@@ -25,11 +25,14 @@ int writeAll(int descriptor, const QByteArray& bytes) {
 
 } // namespace
 
-bool Terminal::print(const QString& text) {
+Terminal::Printed Terminal::print(const QString& text) {
     const int error = writeAll(STDOUT_FILENO, text.toUtf8());
-    if (error != 0 && error != EPIPE)
-        complain(QStringLiteral("cannot write: ") + QString::fromLocal8Bit(std::strerror(error)));
-    return error == 0;
+    if (error == 0)
+        return Printed::all;
+    if (error == EPIPE)
+        return Printed::unread;
+    complain(QStringLiteral("cannot write: ") + QString::fromLocal8Bit(std::strerror(error)));
+    return Printed::failed;
 }
 
 /// Where complaining fails too, nobody is left to tell.

@@ -8,9 +8,16 @@ namespace tolvar {
 /// ignored by the process.
 class Terminal {
 public:
-    /// Writes to the output as it is; false once nobody reads it any more or it cannot be written,
-    /// which is told only where it is no mere hanging up.
-    bool print(const QString& text);
+    enum class Printed {
+        all,
+        /// Nobody reads the output any more; no failure.
+        unread,
+        /// It cannot be written, which has been complained of.
+        failed,
+    };
+
+    /// Writes to the output as it is.
+    Printed print(const QString& text);
     /// Writes one line to the error output, after the program's name.
     void complain(const QString& message);
 };

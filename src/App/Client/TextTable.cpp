@@ -11,15 +11,25 @@ std::vector<qsizetype> columnWidths(const std::vector<QStringList>& rows) {
     for (const QStringList& row : rows) {
         widths.resize(static_cast<std::size_t>(row.size()));
         for (std::size_t column = 0; column < widths.size(); ++column)
-            widths[column] = std::max(widths[column], row[static_cast<qsizetype>(column)].size());
+            widths[column] =
+                std::max(widths[column], singleLine(row[static_cast<qsizetype>(column)]).size());
     }
     return widths;
+}
+
+/// Above all those that turn the direction of what follows. The joiners shape letters and emoji.
+bool isInvisible(QChar character) {
+    constexpr char16_t zeroWidthNonJoiner = 0x200C;
+    constexpr char16_t zeroWidthJoiner = 0x200D;
+    return character.category() == QChar::Other_Format && character != zeroWidthNonJoiner &&
+           character != zeroWidthJoiner;
 }
 
 } // namespace
 
 QString singleLine(const QString& text) {
     QString line = text;
+    line.removeIf(isInvisible);
     std::replace_if(
         line.begin(), line.end(),
         [](QChar character) {

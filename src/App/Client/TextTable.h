@@ -7,8 +7,9 @@
 
 namespace tolvar {
 
-/// The text with every line break, tab and other control character replaced by a space, so that it
-/// stays on one line and cannot steer a terminal.
+/// The text with every line break, tab and other control character replaced by a space, and without
+/// format characters such as those of the direction of writing, so that it stays on one line and
+/// cannot steer a terminal.
 QString singleLine(const QString& text);
 
 /// Rows as lines of aligned columns, two spaces apart, each ended by a line feed; the last column

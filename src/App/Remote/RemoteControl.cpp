@@ -90,44 +90,44 @@ QStringList RemoteControl::start(const SessionPlanner::Result& planned) {
         refuse(*error);
         return {};
     }
-    if (m_environment.focusManager.currentSession()) {
+    auto& manager = m_environment.focusManager;
+    if (session()) {
         refuse(Kind::sessionRunning, u"a session is running already"_s);
         return {};
     }
     const auto& plan = std::get<SessionPlanner::Plan>(planned);
-    m_environment.focusManager.startSession(plan.session);
+    // A stored session that is not active is in the way without being one.
+    manager.stopSession();
+    manager.startSession(plan.session);
     return plan.warnings;
 }
 
 void RemoteControl::Pause() {
-    auto& manager = m_environment.focusManager;
     if (!hasSession())
         return;
-    if (manager.currentSession()->isPaused)
+    if (session()->isPaused)
         return refuse(Kind::alreadyPaused, u"the session is paused already"_s);
     if (report().pausesLeft == 0)
         return refuse(Kind::noPausesLeft, u"this session has no pauses left"_s);
-    manager.pauseSession();
+    m_environment.focusManager.pauseSession();
 }
 
 void RemoteControl::Resume() {
-    auto& manager = m_environment.focusManager;
     if (!hasSession())
         return;
-    if (!manager.currentSession()->isPaused)
+    if (!session()->isPaused)
         return refuse(Kind::notPaused, u"the session is not paused"_s);
-    manager.resumeSession();
+    m_environment.focusManager.resumeSession();
 }
 
 void RemoteControl::Extend(double by) {
-    auto& manager = m_environment.focusManager;
     if (!hasSession())
         return;
     if (const auto error = durationError(by))
         return refuse(*error);
-    if (const auto error = durationError(manager.currentSession()->duration + by))
+    if (const auto error = durationError(session()->duration + by))
         return refuse(*error);
-    manager.extendSession(by);
+    m_environment.focusManager.extendSession(by);
 }
 
 void RemoteControl::Stop() {
@@ -201,13 +201,17 @@ void RemoteControl::ActivateAction(const QString& action, const QVariantList&, c
 }
 
 StatusReport RemoteControl::report() const {
-    const auto& manager = m_environment.focusManager;
-    return statusReport(manager.currentSession(), m_blocks, manager.clock().now());
+    return statusReport(session(), m_blocks, m_environment.focusManager.clock().now());
+}
+
+const FocusSession* RemoteControl::session() const {
+    const auto& session = m_environment.focusManager.currentSession();
+    return session && session->isActive ? &*session : nullptr;
 }
 
 void RemoteControl::sessionChanged() {
-    const auto& session = m_environment.focusManager.currentSession();
-    m_blocks = session ? ResolvedBlocks::of(*session) : ResolvedBlocks();
+    const FocusSession* current = session();
+    m_blocks = current ? ResolvedBlocks::of(*current) : ResolvedBlocks();
 
     const auto properties = withoutMovingOnes(toProperties(report()));
     const auto changed = changes(std::exchange(m_announced, properties), properties);
@@ -235,7 +239,7 @@ void RemoteControl::tell(const QString& follower, const QVariantMap& properties)
 }
 
 bool RemoteControl::hasSession() {
-    if (m_environment.focusManager.currentSession())
+    if (session())
         return true;
     refuse(Kind::noSession, u"no session is running"_s);
     return false;

@@ -96,6 +96,8 @@ Q_SIGNALS:
 
 private:
     StatusReport report() const;
+    /// The one that runs or is paused; null without.
+    const FocusSession* session() const;
     void sessionChanged();
     void tellFollowers();
     void tell(const QString& follower, const QVariantMap& properties);

@@ -23,8 +23,12 @@ QString quoted(const QString& text) {
     return u"“"_s + text + u"”"_s;
 }
 
+bool isBlank(const QString& text) {
+    return text.trimmed().isEmpty();
+}
+
 std::optional<RemoteError> goalError(const QString& goal) {
-    if (!goal.trimmed().isEmpty())
+    if (!isBlank(goal))
         return std::nullopt;
     return RemoteError{Kind::emptyGoal, u"a session needs a goal"_s};
 }
@@ -140,7 +144,7 @@ SessionPlanner::Result SessionPlanner::plan(const Request& request,
     auto websites = hosts(request.websites);
     if (const auto* error = std::get_if<RemoteError>(&websites))
         return *error;
-    if (request.apps.contains(QString()))
+    if (std::any_of(request.apps.begin(), request.apps.end(), isBlank))
         return RemoteError{Kind::invalidApplication, u"an application needs a name"_s};
     auto apps = applications(request.apps);
 
@@ -203,10 +207,10 @@ QStringList SessionPlanner::warnings(const FocusSession& session,
 }
 
 std::optional<RemoteError> durationError(Seconds duration) {
-    if (std::isfinite(duration) && duration > 0 && duration <= RemoteLimits::maximumDuration)
+    if (std::isfinite(duration) && duration >= RemoteLimits::minimumDuration &&
+        duration <= RemoteLimits::maximumDuration)
         return std::nullopt;
-    return RemoteError{Kind::invalidDuration,
-                       u"a session is longer than nothing and at most a year long"_s};
+    return RemoteError{Kind::invalidDuration, u"a length of time is a second to a year"_s};
 }
 
 } // namespace tolvar

@@ -62,8 +62,8 @@ private:
     const Workspace& m_workspace;
 };
 
-/// Absent when a session may be `duration` seconds long: more than none, and at most
-/// `RemoteLimits::maximumDuration`.
+/// Absent when a session may be `duration` seconds long, or be extended by as much: between
+/// `RemoteLimits::minimumDuration` and `RemoteLimits::maximumDuration`.
 std::optional<RemoteError> durationError(Seconds duration);
 
 } // namespace tolvar

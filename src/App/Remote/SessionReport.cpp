@@ -43,8 +43,7 @@ ResolvedBlocks ResolvedBlocks::of(const FocusSession& session) {
             hosts(resolved(session.blockedWebsites, session, &BlockCategory::websites))};
 }
 
-StatusReport statusReport(const std::optional<FocusSession>& session, const ResolvedBlocks& blocks,
-                          Date now) {
+StatusReport statusReport(const FocusSession* session, const ResolvedBlocks& blocks, Date now) {
     if (!session) {
         StatusReport ready;
         ready.state = State::ready;

@@ -18,10 +18,9 @@ struct ResolvedBlocks {
     static ResolvedBlocks of(const FocusSession& session);
 };
 
-/// How a running session, or none, stands at `now`; seconds are rounded to milliseconds.
+/// How a running session, or none (null), stands at `now`; seconds are rounded to milliseconds.
 /// `blocks` are the session's own.
-StatusReport statusReport(const std::optional<FocusSession>& session, const ResolvedBlocks& blocks,
-                          Date now);
+StatusReport statusReport(const FocusSession* session, const ResolvedBlocks& blocks, Date now);
 
 /// The upper-case text of an id, without braces.
 QString idText(const QUuid& id);

@@ -52,6 +52,21 @@ TEST(TextTable, KeepsEveryRowOnOneLine) {
     EXPECT_EQ(textTable({{u"a\nb"_s, u"c\td\x1b\u2028e"_s}}), u"a b  c d  e\n"_s);
 }
 
+TEST(TextTable, AlignsWhatIsSeen) {
+    EXPECT_EQ(textTable({{u"a\u202E\u2066"_s, u"b"_s}}), u"a  b\n"_s);
+}
+
+TEST(ListFormat, ShowsADashForLengthsAndMomentsThatAreNone) {
+    HistoryEntry entry = session();
+    entry.start = entry.duration = 1e300;
+    entry.focusedTime = -1e300;
+    EXPECT_TRUE(historyTable({entry}).endsWith(
+        u"\n\u2014        \u2014        \u2014   ended early  Write report\n"_s))
+        << historyTable({entry}).toStdString();
+    EXPECT_EQ(toJson(entry).value(u"start"_s), u""_s);
+    EXPECT_EQ(toJson(entry).value(u"duration"_s), 1e300);
+}
+
 TEST(ListFormat, TellsPeopleTheHistoryInTheirOwnTime) {
     const LocalTime zone("UTC-2");
     EXPECT_EQ(historyTable({session()}), u"STARTED           FOCUSED  OF      OUTCOME      GOAL\n"

@@ -56,6 +56,28 @@ TEST(StatusFormat, RoundsTheClockUpAndNeverBelowZero) {
     }
 }
 
+TEST(StatusFormat, ShowsADashForATimeThatIsNone) {
+    StatusReport report = focusing();
+    report.remaining = report.duration = report.elapsed = 1e300;
+    EXPECT_EQ(formatStatus(report, Format::text),
+              u"Focusing on Write report: \u2014 left, 2 pauses left"_s);
+    EXPECT_EQ(object(formatStatus(report, Format::json)).value(u"clock"_s), u"\u2014"_s);
+    EXPECT_EQ(object(formatStatus(report, Format::waybar)).value(u"percentage"_s), 100);
+}
+
+TEST(StatusFormat, NeverCountsAPauseBelowZero) {
+    StatusReport report = paused();
+    report.pauseRemaining = -1808;
+    EXPECT_TRUE(formatStatus(report, Format::text).contains(u"goes on in 0:00"_s));
+}
+
+TEST(StatusFormat, KeepsAGoalFromTurningTheLine) {
+    StatusReport report = focusing();
+    report.goal = u"a\u202Eb\u2066c\u200Dd\x9b"_s;
+    EXPECT_EQ(formatStatus(report, Format::polybar), u"24:59 abc\u200Dd "_s);
+    EXPECT_EQ(object(formatStatus(report, Format::json)).value(u"goal"_s), report.goal);
+}
+
 TEST(StatusFormat, TellsPeopleInASentence) {
     EXPECT_EQ(formatStatus(focusing(), Format::text),
               u"Focusing on Write report: 24:59 left, 2 pauses left"_s);

@@ -92,7 +92,7 @@ TEST_F(SessionPlannerTest, TrimsTheGoalAndRefusesABlankOne) {
 
 TEST_F(SessionPlannerTest, RefusesALengthThatNoSessionCanHave) {
     auto wanted = request();
-    for (const double duration : {0.0, -60.0, std::numeric_limits<double>::infinity(),
+    for (const double duration : {0.0, 0.999, -60.0, std::numeric_limits<double>::infinity(),
                                   std::numeric_limits<double>::quiet_NaN(), 1e10}) {
         wanted.duration = duration;
         EXPECT_EQ(refused(planner.plan(wanted, categories)).kind, Kind::invalidDuration)
@@ -171,8 +171,10 @@ TEST_F(SessionPlannerTest, KnowsApplicationsThatRunWithoutBeingInstalled) {
 
 TEST_F(SessionPlannerTest, RefusesAnApplicationWithoutAName) {
     auto wanted = request();
-    wanted.apps = {u""_s};
-    EXPECT_EQ(refused(planner.plan(wanted, categories)).kind, Kind::invalidApplication);
+    for (const QString& blank : {u""_s, u" \t"_s}) {
+        wanted.apps = {u"XTerm"_s, blank};
+        EXPECT_EQ(refused(planner.plan(wanted, categories)).kind, Kind::invalidApplication);
+    }
 }
 
 TEST_F(SessionPlannerTest, TakesWebsitesInAnySpellingAndEachOnce) {
