@@ -55,7 +55,7 @@ QString decoded(const QByteArray& bytes) {
 } // namespace
 
 std::vector<std::uint32_t> XProperty::words() const {
-    if (format != 32)
+    if (format != 32 || bytes.isEmpty())
         return {};
     std::vector<std::uint32_t> words(static_cast<std::size_t>(bytes.size()) / 4);
     std::memcpy(words.data(), bytes.constData(), words.size() * 4);
