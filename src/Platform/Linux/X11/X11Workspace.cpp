@@ -7,8 +7,10 @@
 #include "Platform/Linux/X11/XConnection.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 namespace tolvar {
@@ -16,6 +18,13 @@ namespace tolvar {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+/// How long a window may take to hide before it counts as one that came back.
+constexpr milliseconds hidingPatience{250};
+/// So many reports within a second are answered at once. A program that always shows its window
+/// again makes more; it is not to keep us busy.
+constexpr std::size_t reportsPerSecond = 10;
 
 } // namespace
 
@@ -49,6 +58,8 @@ private:
     bool takeNews();
     bool isNewsOf(const xcb_property_notify_event_t& change);
     void catchUp();
+    void catchUpLater();
+    bool isBusy();
     bool isLost();
 
     std::unique_ptr<XConnection> m_connection;
@@ -65,6 +76,8 @@ private:
     /// The desktop as it was just seen and reported.
     std::optional<Desk> m_justSeen;
     bool m_isReadingDue = false;
+    QTimer m_later;
+    std::deque<steady_clock::time_point> m_reportTimes;
     bool m_isLossLogged = false;
 };
 
@@ -78,6 +91,9 @@ X11Workspace::Session::Session(std::unique_ptr<XConnection> connection, DesktopE
     , m_notifier(m_connection->fileDescriptor(), QSocketNotifier::Read) {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
                      [this] { readEvents(); });
+    m_later.setSingleShot(true);
+    m_later.setInterval(hidingPatience);
+    QObject::connect(&m_later, &QTimer::timeout, &m_later, [this] { catchUpLater(); });
 }
 
 bool X11Workspace::Session::isLost() {
@@ -119,7 +135,10 @@ void X11Workspace::Session::hide(const QString& key) {
     if (windows.empty())
         return;
     m_watch.watchAlso(idsOf(windows));
-    m_tracker.noteHidden(key, m_ledger.hide(windows));
+    const auto stillShown = m_ledger.hide(windows);
+    m_tracker.noteHidden(key, stillShown);
+    if (isObserved() && !stillShown.empty())
+        m_later.start();
     finish();
 }
 
@@ -205,6 +224,7 @@ void X11Workspace::Session::startWatching() {
 }
 
 void X11Workspace::Session::stopWatching() {
+    m_later.stop();
     m_watch.watchNothing();
     m_tracker.begin({});
     m_connection->flush();
@@ -233,12 +253,33 @@ void X11Workspace::Session::catchUp() {
     const Desk desk = lookAndWatch();
     const auto focus = std::exchange(m_focus, ActivityTracker::Focus::stayed);
     const auto activities = m_tracker.update(desk, focus);
+    if (!activities.empty())
+        m_reportTimes.push_back(steady_clock::now());
+    if (m_tracker.isPatient(desk) && !m_later.isActive())
+        m_later.start();
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
     m_ledger.hidePostponed(desk);
     m_connection->flush();
     m_justSeen = desk;
     tellObservers(activities);
     m_justSeen.reset();
+}
+
+/// Looks at windows that did not hide: nothing may ever happen to them that tells of it.
+void X11Workspace::Session::catchUpLater() {
+    const auto alive = shared_from_this();
+    if (!isObserved() || !knowsHowToHide())
+        return;
+    m_tracker.endPatience(m_reader.look());
+    catchUp();
+    readEventsSoon();
+}
+
+bool X11Workspace::Session::isBusy() {
+    const auto now = steady_clock::now();
+    while (!m_reportTimes.empty() && now - m_reportTimes.front() > seconds(1))
+        m_reportTimes.pop_front();
+    return m_reportTimes.size() >= reportsPerSecond;
 }
 
 void X11Workspace::Session::tellObservers(const std::vector<Activity>& activities) {
@@ -263,6 +304,11 @@ void X11Workspace::Session::readEvents() {
     const bool isNews = takeNews();
     if (isLost() || !isObserved() || !isNews)
         return;
+    if (isBusy()) {
+        if (!m_later.isActive())
+            m_later.start();
+        return;
+    }
     catchUp();
     readEventsSoon();
 }
