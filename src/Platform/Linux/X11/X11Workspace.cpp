@@ -34,7 +34,7 @@ public:
     Session(std::unique_ptr<XConnection> connection, DesktopEntries entries, SystemLog& log);
 
     bool canHide();
-    /// The desktop now; nothing of it where windows cannot be hidden.
+    /// The desktop now; nothing of it under a window manager that can hide no windows.
     Desk look();
     void hide(const QString& key);
     void unhide(const QString& key);
@@ -119,7 +119,7 @@ bool X11Workspace::Session::knowsHowToHide() {
 }
 
 Desk X11Workspace::Session::look() {
-    if (!knowsHowToHide())
+    if (!knowsHowToHide() && (isLost() || !m_reader.hider()))
         return {};
     if (!isObserved())
         m_reader.forgetWindows();
@@ -132,7 +132,7 @@ void X11Workspace::Session::hide(const QString& key) {
     // Who hides what was just reported need not look again.
     const auto seen = std::exchange(m_justSeen, std::nullopt);
     const auto windows = (seen ? *seen : look()).windowsOf(key);
-    if (windows.empty())
+    if (windows.empty() || !knowsHowToHide())
         return;
     m_watch.watchAlso(idsOf(windows));
     const auto stillShown = m_ledger.hide(windows);
@@ -144,6 +144,8 @@ void X11Workspace::Session::hide(const QString& key) {
 
 void X11Workspace::Session::unhide(const QString& key) {
     m_justSeen.reset();
+    // The news that the window manager is gone may not have been read.
+    m_isManagerKnown = false;
     const auto windows = look().windowsOf(key);
     if (windows.empty())
         return;
