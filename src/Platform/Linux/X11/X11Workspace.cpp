@@ -22,6 +22,8 @@ using namespace std::chrono;
 
 /// How long a window may take to hide before it counts as one that came back.
 constexpr milliseconds hidingPatience{250};
+/// One that never hides, for its window manager refuses to, is waited for longer and longer.
+constexpr milliseconds longestPatience{8000};
 /// So many reports within a second are answered at once. A program that always shows its window
 /// again makes more; it is not to keep us busy.
 constexpr std::size_t reportsPerSecond = 10;
@@ -257,6 +259,8 @@ void X11Workspace::Session::catchUp() {
     const auto activities = m_tracker.update(desk, focus);
     if (!activities.empty())
         m_reportTimes.push_back(steady_clock::now());
+    if (m_tracker.expectedHidden().empty() && activities.empty())
+        m_later.setInterval(hidingPatience);
     if (m_tracker.isPatient(desk) && !m_later.isActive())
         m_later.start();
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
@@ -272,7 +276,11 @@ void X11Workspace::Session::catchUpLater() {
     const auto alive = shared_from_this();
     if (!isObserved() || !knowsHowToHide())
         return;
-    m_tracker.endPatience(m_reader.look());
+    const Desk desk = m_reader.look();
+    const bool isAnyInView = m_tracker.isPatient(desk);
+    m_later.setInterval(isAnyInView ? std::min(m_later.intervalAsDuration() * 2, longestPatience)
+                                    : hidingPatience);
+    m_tracker.endPatience(desk);
     catchUp();
     readEventsSoon();
 }
