@@ -1,5 +1,7 @@
 #include "Platform/Linux/X11/ActivityTracker.h"
 
+#include <xcb/xcb_icccm.h>
+
 #include <algorithm>
 
 namespace tolvar {
@@ -55,6 +57,23 @@ void ActivityTracker::noteShown(const QString& key, const std::vector<WindowId>&
     m_applications[key] = false;
     for (const WindowId window : windows)
         m_expectedHidden.erase(window);
+}
+
+/// A window on a workspace that nobody looks at cannot be hidden any further.
+bool ActivityTracker::isDueToHide(const DeskWindow& window) const {
+    return m_expectedHidden.contains(window.facts.id) && !window.isHidden &&
+           window.state.icccmState != XCB_ICCCM_WM_STATE_ICONIC;
+}
+
+bool ActivityTracker::isPatient(const Desk& desk) const {
+    return std::any_of(desk.windows.begin(), desk.windows.end(),
+                       [this](const DeskWindow& window) { return isDueToHide(window); });
+}
+
+void ActivityTracker::endPatience(const Desk& desk) {
+    for (const DeskWindow& window : desk.windows)
+        if (isDueToHide(window))
+            m_expectedHidden.erase(window.facts.id);
 }
 
 void ActivityTracker::forgetFulfilledExpectations(const Desk& desk) {

@@ -36,6 +36,11 @@ public:
     void noteHidden(const QString& key, const std::vector<WindowId>& stillShown);
     /// We showed these windows of the application again: that it shows them is no news.
     void noteShown(const QString& key, const std::vector<WindowId>& windows);
+    /// Windows in view that have not followed by now count as shown from the next `update` on: they
+    /// came back, or never went. Windows that nobody sees are still expected to hide.
+    void endPatience(const Desk& desk);
+    /// Whether a window is in view that is expected to hide.
+    bool isPatient(const Desk& desk) const;
     /// The windows that were asked to hide and have not been seen hidden yet.
     const std::set<WindowId>& expectedHidden() const { return m_expectedHidden; }
 
@@ -44,6 +49,7 @@ private:
     using Hiddenness = std::map<QString, bool>;
 
     void forgetFulfilledExpectations(const Desk& desk);
+    bool isDueToHide(const DeskWindow& window) const;
     Hiddenness hiddenness(const Desk& desk) const;
 
     Hiddenness m_applications;

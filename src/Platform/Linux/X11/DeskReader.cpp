@@ -1,5 +1,7 @@
 #include "Platform/Linux/X11/DeskReader.h"
 
+#include "Platform/Linux/X11/UnmanagedHider.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -16,9 +18,10 @@ bool DeskReader::meetWindowManager() {
     auto manager = detectWindowManager(m_connection);
     if (manager != m_manager || !m_hider) {
         m_manager = std::move(manager);
-        m_hider = m_manager ? makeHider(*m_manager, m_connection, m_reader) : nullptr;
+        m_hider = m_manager ? makeHider(*m_manager, m_connection, m_reader)
+                            : std::make_unique<UnmanagedHider>(m_connection, m_reader);
     }
-    return m_hider != nullptr;
+    return m_manager && m_hider;
 }
 
 void DeskReader::forgetEntries() {
@@ -34,6 +37,17 @@ const ApplicationMatcher& DeskReader::matcher() {
 
 std::vector<WindowId> DeskReader::windowList(xcb_atom_t list) const {
     return m_connection.read(m_connection.root(), list).words();
+}
+
+/// What a window manager that is gone has left: its windows become children of the root again.
+std::vector<WindowId> DeskReader::orphans() const {
+    std::vector<WindowId> windows = m_connection.topLevelWindows();
+    const auto states = m_reader.states(windows);
+    std::vector<WindowId> managed;
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        if (states[i] && states[i]->icccmState)
+            managed.push_back(windows[i]);
+    return managed;
 }
 
 WindowId DeskReader::activeWindow() const {
@@ -79,7 +93,11 @@ Desk DeskReader::look() {
     const auto list = m_connection.ask(m_connection.root(), ewmh._NET_CLIENT_LIST);
     m_workspaces = readWorkspaces(m_connection);
     desk.activeWindow = m_connection.take(active).value_or(XProperty()).word().value_or(0);
-    const auto ids = m_connection.take(list).value_or(XProperty()).words();
+    auto ids = m_connection.take(list).value_or(XProperty()).words();
+    if (!m_manager) {
+        desk.activeWindow = 0;
+        ids = orphans();
+    }
     const auto states = m_reader.states(ids);
     getToKnow(ids, states);
     std::vector<MatchedWindow> candidates;
@@ -100,6 +118,16 @@ Desk DeskReader::look() {
 
 bool DeskReader::isPutAway(const DeskWindow& window) const {
     return m_hider->isPutAway(window.state, m_workspaces);
+}
+
+std::vector<WindowId> DeskReader::putAway(const std::vector<WindowId>& windows) const {
+    const auto states = m_reader.states(windows);
+    const Workspaces workspaces = readWorkspaces(m_connection);
+    std::vector<WindowId> found;
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        if (states[i] && m_hider->isPutAway(*states[i], workspaces))
+            found.push_back(windows[i]);
+    return found;
 }
 
 std::optional<std::uint32_t> DeskReader::userTime(WindowId window) const {

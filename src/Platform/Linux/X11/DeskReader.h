@@ -20,15 +20,19 @@ public:
 
     /// Looks who manages the windows now. False when nobody does who can hide any.
     bool meetWindowManager();
-    /// The way to hide windows; null before `meetWindowManager` was true.
+    /// The way to hide windows and to show them again; null before `meetWindowManager`, and under a
+    /// window manager that can hide none. Where nobody manages windows it can only show them.
     WindowHider* hider() const { return m_hider.get(); }
     /// See WindowManager::checkWindow; 0 for none.
     WindowId managerWindow() const { return m_manager ? m_manager->checkWindow : 0; }
 
-    /// Everything as it stands. Who can hide windows must have been met.
+    /// Everything as it stands. There must be a `hider`. Where nobody manages windows, those count
+    /// that somebody has managed, and none has the focus.
     Desk look();
     /// Whether the window, as last looked at, is where hiding puts windows.
     bool isPutAway(const DeskWindow& window) const;
+    /// Which of the windows are where hiding puts windows now.
+    std::vector<WindowId> putAway(const std::vector<WindowId>& windows) const;
     /// Whether any window bears our mark; cheap.
     bool hasMarkedWindows() const;
     /// Our own shown windows, the topmost last.
@@ -44,6 +48,7 @@ public:
 
 private:
     std::vector<WindowId> windowList(xcb_atom_t list) const;
+    std::vector<WindowId> orphans() const;
     void getToKnow(const std::vector<WindowId>& windows,
                    const std::vector<std::optional<WindowState>>& states);
     MatchedWindow matched(const WindowFacts& facts);

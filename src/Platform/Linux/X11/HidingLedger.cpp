@@ -76,16 +76,32 @@ void HidingLedger::adopt(const DeskWindow& window) {
     m_connection.setText(window.facts.id, XAtom::tolvarHidden, mark.toText());
 }
 
+std::vector<WindowId> HidingLedger::showAndWait(const std::vector<DeskWindow>& windows) {
+    if (windows.empty())
+        return {};
+    m_reader.hider()->show(windows);
+    // A mark on a window that shows late would stay there: better wait a little longer for it.
+    constexpr std::chrono::milliseconds patience{500};
+    std::vector<WindowId> notShown;
+    m_connection.waitUntil(
+        [&] {
+            notShown = m_reader.putAway(idsOf(windows));
+            return notShown.empty();
+        },
+        patience);
+    return notShown;
+}
+
 void HidingLedger::show(const std::vector<DeskWindow>& windows) {
     std::vector<DeskWindow> ours;
     for (const DeskWindow& window : windows)
         if (isOurDoing(window))
             ours.push_back(window);
-    if (!ours.empty())
-        m_reader.hider()->show(ours);
+    const auto notShown = showAndWait(ours);
     for (const DeskWindow& window : windows) {
-        m_postponed.erase(window.facts.id);
-        if (window.state.mark)
+        const WindowId id = window.facts.id;
+        m_postponed.erase(id);
+        if (window.state.mark && std::find(notShown.begin(), notShown.end(), id) == notShown.end())
             m_connection.removeProperty(window.facts.id, XAtom::tolvarHidden);
     }
 }

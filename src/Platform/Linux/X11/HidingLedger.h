@@ -18,7 +18,8 @@ public:
     /// Marks and hides the shown windows among `windows`; what an earlier run hid of them is ours
     /// from now on. Returns the windows that are not hidden yet.
     std::vector<WindowId> hide(const std::vector<DeskWindow>& windows);
-    /// Shows again what we hid among `windows`, and takes our marks off all of them.
+    /// Shows again what we hid among `windows`, and takes our marks off all of them but those that
+    /// could not be shown: by these they are found later.
     void show(const std::vector<DeskWindow>& windows);
 
     /// Waits where an earlier run may have ended before what it asked for was done. To be called
@@ -40,6 +41,8 @@ private:
     bool isOurDoing(const DeskWindow& window) const;
     /// Whether a marked window has not been in its user's hands since.
     bool isUntouched(const DeskWindow& window) const;
+    /// Shows windows; returns those that stay put away all the same.
+    std::vector<WindowId> showAndWait(const std::vector<DeskWindow>& windows);
     void adopt(const DeskWindow& window);
     void postpone(const std::vector<DeskWindow>& windows, const std::vector<WindowId>& notHidden);
 

@@ -7,8 +7,10 @@
 #include "Platform/Linux/X11/XConnection.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 namespace tolvar {
@@ -16,6 +18,15 @@ namespace tolvar {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+/// How long a window may take to hide before it counts as one that came back.
+constexpr milliseconds hidingPatience{250};
+/// One that never hides, for its window manager refuses to, is waited for longer and longer.
+constexpr milliseconds longestPatience{8000};
+/// So many reports within a second are answered at once. A program that always shows its window
+/// again makes more; it is not to keep us busy.
+constexpr std::size_t reportsPerSecond = 10;
 
 } // namespace
 
@@ -25,7 +36,7 @@ public:
     Session(std::unique_ptr<XConnection> connection, DesktopEntries entries, SystemLog& log);
 
     bool canHide();
-    /// The desktop now; nothing of it where windows cannot be hidden.
+    /// The desktop now; nothing of it under a window manager that can hide no windows.
     Desk look();
     void hide(const QString& key);
     void unhide(const QString& key);
@@ -49,6 +60,8 @@ private:
     bool takeNews();
     bool isNewsOf(const xcb_property_notify_event_t& change);
     void catchUp();
+    void catchUpLater();
+    bool isBusy();
     bool isLost();
 
     std::unique_ptr<XConnection> m_connection;
@@ -65,6 +78,8 @@ private:
     /// The desktop as it was just seen and reported.
     std::optional<Desk> m_justSeen;
     bool m_isReadingDue = false;
+    QTimer m_later;
+    std::deque<steady_clock::time_point> m_reportTimes;
     bool m_isLossLogged = false;
 };
 
@@ -78,6 +93,9 @@ X11Workspace::Session::Session(std::unique_ptr<XConnection> connection, DesktopE
     , m_notifier(m_connection->fileDescriptor(), QSocketNotifier::Read) {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
                      [this] { readEvents(); });
+    m_later.setSingleShot(true);
+    m_later.setInterval(hidingPatience);
+    QObject::connect(&m_later, &QTimer::timeout, &m_later, [this] { catchUpLater(); });
 }
 
 bool X11Workspace::Session::isLost() {
@@ -103,7 +121,7 @@ bool X11Workspace::Session::knowsHowToHide() {
 }
 
 Desk X11Workspace::Session::look() {
-    if (!knowsHowToHide())
+    if (!knowsHowToHide() && (isLost() || !m_reader.hider()))
         return {};
     if (!isObserved())
         m_reader.forgetWindows();
@@ -118,15 +136,20 @@ void X11Workspace::Session::hide(const QString& key) {
     if (!knowsHowToHide())
         return;
     const auto windows = (seen ? *seen : look()).windowsOf(key);
-    if (windows.empty())
+    if (windows.empty() || !knowsHowToHide())
         return;
     m_watch.watchAlso(idsOf(windows));
-    m_tracker.noteHidden(key, m_ledger.hide(windows));
+    const auto stillShown = m_ledger.hide(windows);
+    m_tracker.noteHidden(key, stillShown);
+    if (isObserved() && !stillShown.empty())
+        m_later.start();
     finish();
 }
 
 void X11Workspace::Session::unhide(const QString& key) {
     m_justSeen.reset();
+    // The news that the window manager is gone may not have been read.
+    m_isManagerKnown = false;
     const auto windows = look().windowsOf(key);
     if (windows.empty())
         return;
@@ -207,6 +230,7 @@ void X11Workspace::Session::startWatching() {
 }
 
 void X11Workspace::Session::stopWatching() {
+    m_later.stop();
     m_watch.watchNothing();
     m_tracker.begin({});
     m_connection->flush();
@@ -235,12 +259,39 @@ void X11Workspace::Session::catchUp() {
     const Desk desk = lookAndWatch();
     const auto focus = std::exchange(m_focus, ActivityTracker::Focus::stayed);
     const auto activities = m_tracker.update(desk, focus);
+    if (!activities.empty())
+        m_reportTimes.push_back(steady_clock::now());
+    if (m_tracker.expectedHidden().empty() && activities.empty())
+        m_later.setInterval(hidingPatience);
+    if (m_tracker.isPatient(desk) && !m_later.isActive())
+        m_later.start();
     m_ledger.dropOutdatedMarks(desk, m_tracker.expectedHidden());
     m_ledger.hidePostponed(desk);
     m_connection->flush();
     m_justSeen = desk;
     tellObservers(activities);
     m_justSeen.reset();
+}
+
+/// Looks at windows that did not hide: nothing may ever happen to them that tells of it.
+void X11Workspace::Session::catchUpLater() {
+    const auto alive = shared_from_this();
+    if (!isObserved() || !knowsHowToHide())
+        return;
+    const Desk desk = m_reader.look();
+    const bool isAnyInView = m_tracker.isPatient(desk);
+    m_later.setInterval(isAnyInView ? std::min(m_later.intervalAsDuration() * 2, longestPatience)
+                                    : hidingPatience);
+    m_tracker.endPatience(desk);
+    catchUp();
+    readEventsSoon();
+}
+
+bool X11Workspace::Session::isBusy() {
+    const auto now = steady_clock::now();
+    while (!m_reportTimes.empty() && now - m_reportTimes.front() > seconds(1))
+        m_reportTimes.pop_front();
+    return m_reportTimes.size() >= reportsPerSecond;
 }
 
 void X11Workspace::Session::tellObservers(const std::vector<Activity>& activities) {
@@ -265,6 +316,11 @@ void X11Workspace::Session::readEvents() {
     const bool isNews = takeNews();
     if (isLost() || !isObserved() || !isNews)
         return;
+    if (isBusy()) {
+        if (!m_later.isActive())
+            m_later.start();
+        return;
+    }
     catchUp();
     readEventsSoon();
 }

@@ -186,6 +186,20 @@ std::vector<qint64> XConnection::localProcesses(const std::vector<xcb_window_t>&
     return processes;
 }
 
+std::vector<xcb_window_t> XConnection::topLevelWindows() const {
+    const auto reply = takeReply(xcb_query_tree_reply, get(), xcb_query_tree(get(), root()));
+    if (!reply)
+        return {};
+    const xcb_window_t* children = xcb_query_tree_children(reply.get());
+    return {children, children + xcb_query_tree_children_length(reply.get())};
+}
+
+void XConnection::setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                           const std::vector<std::uint32_t>& words) {
+    xcb_change_property(get(), XCB_PROP_MODE_REPLACE, window, property, type, 32,
+                        static_cast<std::uint32_t>(words.size()), words.data());
+}
+
 void XConnection::setText(xcb_window_t window, XAtom property, const QString& text) {
     const QByteArray bytes = text.toUtf8();
     xcb_change_property(get(), XCB_PROP_MODE_REPLACE, window, atom(property), m_ewmh.UTF8_STRING, 8,

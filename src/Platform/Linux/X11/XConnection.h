@@ -76,6 +76,12 @@ public:
     /// `windows`; 0 where the server cannot tell (X-Resource 1.2).
     std::vector<qint64> localProcesses(const std::vector<xcb_window_t>& windows) const;
 
+    /// The children of the root: the windows' frames, or the windows themselves where nobody
+    /// manages them.
+    std::vector<xcb_window_t> topLevelWindows() const;
+
+    void setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                  const std::vector<std::uint32_t>& words);
     void setText(xcb_window_t window, XAtom property, const QString& text);
     void removeProperty(xcb_window_t window, XAtom property);
     void map(xcb_window_t window);

@@ -3,6 +3,7 @@
 #include "Support/Texts.h"
 
 #include <gtest/gtest.h>
+#include <xcb/xcb_icccm.h>
 
 namespace tolvar {
 namespace {
@@ -17,6 +18,11 @@ public:
     DeskOf& hidden(WindowId id, const QString& application) { return add(id, application, true); }
     DeskOf& marked() {
         m_desk.windows.back().state.mark = HiddenMark{u"run"_s, {}, false, {}};
+        return *this;
+    }
+    /// As on a workspace that nobody looks at.
+    DeskOf& outOfView() {
+        m_desk.windows.back().state.icccmState = XCB_ICCCM_WM_STATE_ICONIC;
         return *this;
     }
     DeskOf& active(WindowId id) {
@@ -106,6 +112,27 @@ TEST_F(ActivityTrackerTest, ForgivesAWindowManagerThatHidesLate) {
     EXPECT_EQ(news(DeskOf().hidden(1, chat)), Texts());
     EXPECT_TRUE(tracker.expectedHidden().empty());
     EXPECT_EQ(news(DeskOf().shown(1, chat)), Texts{u"activated chat"_s});
+}
+
+TEST_F(ActivityTrackerTest, TellsAWindowThatIsStillInViewWhenPatienceEnds) {
+    const Desk desk = DeskOf().shown(1, chat);
+    tracker.begin(desk);
+    tracker.noteHidden(chat, {1});
+    EXPECT_TRUE(tracker.isPatient(desk));
+    tracker.endPatience(desk);
+    EXPECT_FALSE(tracker.isPatient(desk));
+    EXPECT_EQ(news(desk), Texts{u"activated chat"_s});
+    EXPECT_EQ(news(desk), Texts());
+}
+
+TEST_F(ActivityTrackerTest, StaysPatientWithAWindowThatNobodySees) {
+    const Desk desk = DeskOf().shown(1, chat).outOfView();
+    tracker.begin(desk);
+    tracker.noteHidden(chat, {1});
+    EXPECT_FALSE(tracker.isPatient(desk));
+    tracker.endPatience(desk);
+    EXPECT_EQ(news(desk), Texts());
+    EXPECT_EQ(tracker.expectedHidden(), std::set<WindowId>{1});
 }
 
 TEST_F(ActivityTrackerTest, TellsANewWindowWhileAnotherIsStillToBeHidden) {

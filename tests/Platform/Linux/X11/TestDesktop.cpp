@@ -76,8 +76,9 @@ void TestDesktop::present(xcb_window_t window, const WindowLook& look) {
         setWords(window, ewmh._NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM, {atom(look.type)});
     if (look.userTime)
         setWords(window, ewmh._NET_WM_USER_TIME, XCB_ATOM_CARDINAL, {*look.userTime});
-    // InputHint: the window takes the focus that it is given.
-    setWords(window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, {1, 1, 0, 0, 0, 0, 0, 0, 0});
+    // InputHint, and whether the window takes the focus that it is given.
+    setWords(window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS,
+             {1, look.wantsFocus ? 1u : 0u, 0, 0, 0, 0, 0, 0, 0});
     map(window);
 }
 

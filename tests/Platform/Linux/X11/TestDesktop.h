@@ -20,6 +20,8 @@ struct WindowLook {
     /// The atom's name; empty for none.
     QByteArray type = {};
     std::optional<std::uint32_t> userTime = std::nullopt;
+    /// It wants the keyboard (ICCCM 4.1.2.4).
+    bool wantsFocus = true;
 };
 
 /// The desktop as its user sees and handles it: the other side of what a workspace is told.

@@ -18,6 +18,11 @@ public:
         m_process.start(program, arguments);
     }
     ~WindowManagerProcess() { end(); }
+    /// Asks it to leave, as a session does.
+    void leave() {
+        m_process.terminate();
+        m_process.waitForFinished();
+    }
     void end() {
         m_process.kill();
         m_process.waitForFinished();
@@ -121,6 +126,52 @@ TEST(X11Server, IsMissedQuietlyByWhoIsTheFirstToAskForSomething) {
     EXPECT_TRUE(workspace->runningApplications().empty());
     EXPECT_EQ(log.lines.size(), 1u);
 }
+
+class X11ServerGap : public testing::TestWithParam<std::tuple<QString, bool>> {};
+
+TEST_P(X11ServerGap, ShowsWindowsAgainThoughTheWindowManagerThatHidThemIsGone) {
+    const auto& [program, isKilled] = GetParam();
+    const PrivateServer server;
+    RecordingLog log;
+    const auto workspace = X11Workspace::create(noEntries(), log);
+    ASSERT_TRUE(workspace);
+    const QStringList arguments =
+        program == u"openbox" ? QStringList{u"--sm-disable"_s} : QStringList{};
+    auto manager = std::make_unique<WindowManagerProcess>(program, arguments);
+    ASSERT_TRUE(TestDesktop::waitUntil([&] { return isManaged(*workspace); }));
+    TestDesktop desktop;
+    ClientProcess client;
+    const auto window = desktop.open(client, {.className = u"Chat"_s});
+    const auto handle = workspace->runningApplications().at(0).handle;
+    workspace->hide(handle);
+    ASSERT_TRUE(TestDesktop::waitUntil([&] { return !desktop.isSeen(window); }));
+    if (!isKilled)
+        manager->leave();
+    manager.reset();
+    ASSERT_TRUE(
+        TestDesktop::waitUntil([&] { return workspace->hidingSupport() == HidingSupport::none; }));
+    const auto application = workspace->application(handle);
+    ASSERT_TRUE(application);
+    EXPECT_FALSE(workspace->frontmostApplication());
+    workspace->unhide(handle);
+    EXPECT_TRUE(desktop.isSeen(window));
+    EXPECT_FALSE(desktop.isMarked(window));
+    workspace->hide(handle);
+    EXPECT_TRUE(desktop.isSeen(window));
+    EXPECT_FALSE(desktop.isMarked(window));
+
+    const WindowManagerProcess successor(program, arguments);
+    // A window manager that was killed leaves its list of windows behind, and the next one unmaps
+    // windows for a moment while it takes them.
+    ASSERT_TRUE(TestDesktop::waitUntil([&] { return isManaged(*workspace); }));
+    TestDesktop::staysTrue([] { return true; });
+    EXPECT_TRUE(TestDesktop::waitUntil([&] { return desktop.isSeen(window); }));
+    EXPECT_FALSE(desktop.isMinimised(window));
+}
+
+INSTANTIATE_TEST_SUITE_P(WindowManagers, X11ServerGap,
+                         testing::Combine(testing::Values(u"openbox"_s, u"metacity"_s),
+                                          testing::Bool()));
 
 TEST(X11Server, IsMissedQuietlyAndLoggedOnce) {
     PrivateServer server;
