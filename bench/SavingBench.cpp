@@ -1,5 +1,6 @@
 #include "LongHistory.h"
 #include "Models/RecordCoding.h"
+#include "Platform/Common/QtTimerService.h"
 #include "Platform/Common/SqlitePreferences.h"
 #include "Platform/Null/NullSystemLog.h"
 
@@ -32,7 +33,8 @@ public:
 private:
     QTemporaryDir m_folder;
     NullSystemLog m_log;
-    SqlitePreferences m_preferences{m_folder.filePath(u"preferences.sqlite3"_s), m_log};
+    QtTimerService m_timers;
+    SqlitePreferences m_preferences{m_folder.filePath(u"preferences.sqlite3"_s), m_log, m_timers};
 };
 
 void saveHistory(benchmark::State& state) {

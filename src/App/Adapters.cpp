@@ -17,9 +17,10 @@ std::unique_ptr<SystemLog> Adapters::systemLog() {
     return std::make_unique<JournalLog>();
 }
 
-std::unique_ptr<Preferences> Adapters::preferences(SystemLog& log) {
+std::unique_ptr<Preferences> Adapters::preferences(SystemLog& log, TimerService& timers) {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return std::make_unique<SqlitePreferences>(data + u"/tolvar/preferences.sqlite3"_s, log);
+    return std::make_unique<SqlitePreferences>(data + u"/tolvar/preferences.sqlite3"_s, log,
+                                               timers);
 }
 
 std::unique_ptr<Workspace> Adapters::workspace(SystemLog& log) {

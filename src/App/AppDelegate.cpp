@@ -21,7 +21,7 @@ std::unique_ptr<Preferences> preferencesWithDefaults(std::unique_ptr<Preferences
 
 AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
     : m_log(Adapters::systemLog())
-    , m_preferences(preferencesWithDefaults(Adapters::preferences(*m_log)))
+    , m_preferences(preferencesWithDefaults(Adapters::preferences(*m_log, m_timers)))
     , m_workspace(Adapters::workspace(*m_log))
     , m_installed(Adapters::installedApplications())
     , m_notifications(bus, {.name = bundle.name, .desktopEntry = bundle.identifier})

@@ -42,9 +42,9 @@ Q_SIGNALS:
 
 private:
     std::unique_ptr<SystemLog> m_log;
-    std::unique_ptr<Preferences> m_preferences;
     SystemClock m_clock;
     QtTimerService m_timers;
+    std::unique_ptr<Preferences> m_preferences;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<InstalledApplications> m_installed;
     NullBrowserChannel m_browsers;

@@ -3,6 +3,7 @@
 #include "Platform/Common/PreferencesDatabase.h"
 #include "Platform/Common/PrivateFile.h"
 #include "Platform/Interfaces/SystemLog.h"
+#include "Platform/Interfaces/TimerService.h"
 
 #include <QFileInfo>
 #include <QLockFile>
@@ -16,6 +17,8 @@ namespace {
 using Access = PreferencesDatabase::Access;
 using Outcome = PreferencesDatabase::Outcome;
 using Verdict = PreferencesDatabase::Verdict;
+
+constexpr std::chrono::seconds retryInterval(5);
 
 /// The database is usable when the outcome is done.
 struct Opened {
@@ -35,9 +38,11 @@ Opened openDatabase(const QString& filePath, Access access, std::chrono::millise
 /// again, what is moved aside and who is told.
 class SqlitePreferences::Store {
 public:
-    Store(const QString& filePath, SystemLog& log, std::chrono::milliseconds patience)
+    Store(const QString& filePath, SystemLog& log, TimerService& timers,
+          std::chrono::milliseconds patience)
         : m_filePath(filePath)
         , m_log(log)
+        , m_timers(timers)
         , m_patience(patience) {
         open();
         if (m_trouble.verdict == Verdict::damaged)
@@ -66,6 +71,7 @@ public:
         for (const auto& [key, change] : changes)
             m_pending.insert_or_assign(key, change);
         storePending();
+        retryWhilePending();
     }
 
 private:
@@ -101,6 +107,17 @@ private:
             repair();
         else if (!outcome.isDone())
             tellOnce(u"stored"_s, outcome);
+    }
+
+    /// What is only in memory would be lost with the process: it does not wait for the next change.
+    void retryWhilePending() {
+        if (m_pending.empty())
+            m_retry.reset();
+        else if (!m_retry)
+            m_retry = m_timers.repeat(retryInterval, [this] {
+                storePending();
+                retryWhilePending();
+            });
     }
 
     Outcome applyPending() {
@@ -160,6 +177,7 @@ private:
 
     const QString m_filePath;
     SystemLog& m_log;
+    TimerService& m_timers;
     const std::chrono::milliseconds m_patience;
     /// What can be read from; shared with other processes unless there is trouble.
     std::unique_ptr<PreferencesDatabase> m_database;
@@ -167,13 +185,15 @@ private:
     Outcome m_trouble;
     /// Changes that are not stored yet.
     Changes m_pending;
+    /// Runs while there are such.
+    std::unique_ptr<Timer> m_retry;
     /// Whether the present trouble was logged.
     bool m_told = false;
 };
 
-SqlitePreferences::SqlitePreferences(const QString& filePath, SystemLog& log,
+SqlitePreferences::SqlitePreferences(const QString& filePath, SystemLog& log, TimerService& timers,
                                      std::chrono::milliseconds patience)
-    : m_store(std::make_unique<Store>(filePath, log, patience)) {}
+    : m_store(std::make_unique<Store>(filePath, log, timers, patience)) {}
 SqlitePreferences::~SqlitePreferences() = default;
 
 std::optional<Preferences::Value> SqlitePreferences::read(const QString& key) const {

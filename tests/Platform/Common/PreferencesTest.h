@@ -2,6 +2,7 @@
 
 #include "Platform/Common/Sqlite.h"
 #include "Platform/Common/SqlitePreferences.h"
+#include "Support/HandClock.h"
 #include "Support/RecordingLog.h"
 #include "Support/Texts.h"
 
@@ -24,7 +25,7 @@ protected:
     static constexpr std::chrono::milliseconds patience{20};
 
     std::unique_ptr<SqlitePreferences> open() {
-        return std::make_unique<SqlitePreferences>(m_file, m_log, patience);
+        return std::make_unique<SqlitePreferences>(m_file, m_log, m_clock, patience);
     }
     /// Opens, sets each text and closes.
     void store(const std::map<QString, QString>& values) {
@@ -72,6 +73,7 @@ protected:
     QString m_folder = m_root.filePath(QStringLiteral("data/tolvar"));
     QString m_file = m_folder + QStringLiteral("/preferences.sqlite3");
     RecordingLog m_log;
+    HandClock m_clock;
 };
 
 } // namespace tolvar::test

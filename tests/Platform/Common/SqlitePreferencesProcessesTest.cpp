@@ -24,7 +24,7 @@ void spin(unsigned long turns) {
 class SharedPreferencesTest : public test::PreferencesTest {
 protected:
     std::unique_ptr<SqlitePreferences> openPatiently() {
-        return std::make_unique<SqlitePreferences>(m_file, m_log);
+        return std::make_unique<SqlitePreferences>(m_file, m_log, m_clock, std::chrono::seconds(5));
     }
 };
 

@@ -124,6 +124,23 @@ TEST_F(TroubledPreferencesTest, StoreAtTheLatestWhenTheyGoWhatCouldNotBeStoredBe
     });
 }
 
+TEST_F(TroubledPreferencesTest, StoreByThemselvesWhatALockKeptInMemory) {
+    store({{u"kept"_s, u"value"_s}});
+    const auto preferences = open();
+    {
+        sqlite::Connection other;
+        ASSERT_EQ(other.open(QFile::encodeName(m_file), SQLITE_OPEN_READWRITE), SQLITE_OK);
+        ASSERT_EQ(other.execute("BEGIN IMMEDIATE"), SQLITE_OK);
+        preferences->setText(u"set"_s, u"late"_s);
+        m_clock.advance(6);
+        expectOneLine(u"cannot be stored");
+    }
+    EXPECT_EQ(queried("SELECT value FROM preferences WHERE key = 'set'"), QString());
+    m_clock.advance(5);
+    EXPECT_EQ(queried("SELECT value FROM preferences WHERE key = 'set'"), u"late"_s);
+    EXPECT_EQ(m_clock.runningTimers(), 0u);
+}
+
 TEST_F(TroubledPreferencesTest, TellOfTroubleAgainOnlyAfterASuccess) {
     const auto preferences = open();
     sqlite::Connection other;
