@@ -131,7 +131,7 @@ QString startedProgram(QStringList arguments) {
             arguments.removeFirst();
             continue;
         }
-        const QString program = baseName(arguments.takeFirst());
+        QString program = baseName(arguments.takeFirst());
         if (program == u"env")
             dropEnvArguments(arguments);
         else if (program == u"flatpak" && arguments.value(0) == u"run")

@@ -39,7 +39,7 @@ std::vector<WindowId> HidingLedger::hide(const std::vector<DeskWindow>& windows)
     }
     if (shown.empty())
         return {};
-    const auto notHidden = m_reader.hider()->hide(shown, m_run);
+    auto notHidden = m_reader.hider()->hide(shown, m_run);
     postpone(shown, notHidden);
     return notHidden;
 }

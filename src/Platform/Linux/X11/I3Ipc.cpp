@@ -85,7 +85,7 @@ void collect(const QJsonObject& node, const QString& workspace,
     if (const QJsonValue window = node["window"_L1]; window.isDouble())
         placements[static_cast<WindowId>(window.toInteger())] = {place, node["sticky"_L1].toBool()};
     for (const auto& children : {"nodes"_L1, "floating_nodes"_L1})
-        for (const QJsonValue& child : node[children].toArray())
+        for (const auto& child : node[children].toArray())
             collect(child.toObject(), place, placements);
 }
 
