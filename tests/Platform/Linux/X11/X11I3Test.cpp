@@ -44,8 +44,8 @@ public:
         if (node[u"window"].toInteger() == window)
             return node;
         for (const auto& children : {u"nodes"_s, u"floating_nodes"_s})
-            for (const QJsonValue& child : node[children].toArray())
-                if (const auto found = find(child.toObject(), window); !found.isEmpty())
+            for (const auto& child : node[children].toArray())
+                if (auto found = find(child.toObject(), window); !found.isEmpty())
                     return found;
         return {};
     }
