@@ -9,7 +9,6 @@ namespace tolvar {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::ElementsAre;
 
 constexpr qsizetype pageSize = 16384;
 
