@@ -7,6 +7,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <csignal>
 #include <cstdlib>
 
@@ -20,10 +24,19 @@ void occupyStandardDescriptors() {
             ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
+/// A long history is read and written as one document of many megabytes. The allocator would keep
+/// the memory of such a document once it has seen one freed, and more of it with each one filed.
+void giveLargeMemoryBack() {
+#ifdef __GLIBC__
+    ::mallopt(M_MMAP_THRESHOLD, 1 << 20);
+#endif
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     occupyStandardDescriptors();
+    giveLargeMemoryBack();
     std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication application(argc, argv);
     tolvar::TolvarApp app(tolvar::thisBundle(), QDBusConnection::sessionBus());

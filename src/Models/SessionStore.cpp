@@ -44,8 +44,8 @@ std::vector<FocusPreset> SessionStore::loadPresets() {
 }
 
 std::vector<FocusSession> SessionStore::loadHistory() const {
-    const auto json = m_preferences.data(sessionHistoryKey);
-    auto history = json ? RecordCoding::decodeSessions(*json) : std::nullopt;
+    auto json = m_preferences.data(sessionHistoryKey);
+    auto history = json ? RecordCoding::decodeSessions(*std::move(json)) : std::nullopt;
     return history ? std::move(*history) : std::vector<FocusSession>();
 }
 

@@ -38,6 +38,7 @@ public:
     bool canHide();
     /// The desktop now; nothing of it under a window manager that can hide no windows.
     Desk look();
+    std::optional<RunningApplication> frontmost();
     void hide(const QString& key);
     void unhide(const QString& key);
     void activateSelf();
@@ -77,6 +78,9 @@ private:
     bool m_isManagerKnown = false;
     /// The desktop as it was just seen and reported.
     std::optional<Desk> m_justSeen;
+    /// The desktop as it was when somebody asked for the frontmost application; nothing once that
+    /// may have changed.
+    std::optional<Desk> m_settled;
     bool m_isReadingDue = false;
     QTimer m_later;
     std::deque<steady_clock::time_point> m_reportTimes;
@@ -130,7 +134,16 @@ Desk X11Workspace::Session::look() {
     return desk;
 }
 
+/// Asked again and again while something is blocked. What would change the answer makes an event:
+/// as long as there is none, the server need not be asked.
+std::optional<RunningApplication> X11Workspace::Session::frontmost() {
+    if (!m_settled || !isObserved() || !m_isManagerKnown || m_connection->hasEvents() || isLost())
+        m_settled = look();
+    return m_settled->frontmost();
+}
+
 void X11Workspace::Session::hide(const QString& key) {
+    m_settled.reset();
     // Who hides what was just reported need not look again.
     const auto seen = std::exchange(m_justSeen, std::nullopt);
     if (!knowsHowToHide())
@@ -147,6 +160,7 @@ void X11Workspace::Session::hide(const QString& key) {
 }
 
 void X11Workspace::Session::unhide(const QString& key) {
+    m_settled.reset();
     m_justSeen.reset();
     // The news that the window manager is gone may not have been read.
     m_isManagerKnown = false;
@@ -219,6 +233,7 @@ void X11Workspace::Session::endObservation(int id) {
 void X11Workspace::Session::startWatching() {
     if (isLost())
         return;
+    m_settled.reset();
     m_reader.forgetEntries();
     m_isManagerKnown = m_reader.meetWindowManager();
     m_watch.watchDesktop(m_reader.managerWindow());
@@ -316,6 +331,7 @@ void X11Workspace::Session::readEvents() {
     const bool isNews = takeNews();
     if (isLost() || !isObserved() || !isNews)
         return;
+    m_settled.reset();
     if (isBusy()) {
         if (!m_later.isActive())
             m_later.start();
@@ -389,7 +405,7 @@ std::vector<RunningApplication> X11Workspace::runningApplications() const {
 }
 
 std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
-    return m_session->look().frontmost();
+    return m_session->frontmost();
 }
 
 std::optional<RunningApplication> X11Workspace::application(const ApplicationHandle& handle) const {

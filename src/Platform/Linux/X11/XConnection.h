@@ -103,6 +103,8 @@ public:
     using Event = std::unique_ptr<xcb_generic_event_t, FreeEvent>;
     /// The next event that has arrived, or null. Errors of requests are left out.
     Event nextEvent();
+    /// Whether `nextEvent` has any.
+    bool hasEvents() { return collectEvents() || !m_events.empty(); }
     /// Whether `nextEvent` has events that were read while waiting for answers, for which
     /// `fileDescriptor` does not become readable any more.
     bool hasQueuedEvents();

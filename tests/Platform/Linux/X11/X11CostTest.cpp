@@ -3,6 +3,8 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -90,6 +92,25 @@ TEST_F(X11CostTest, IsNotWokenByTitlesOfShownWindowsWhileItObserves) {
     hide(u"Chatter"_s);
     EXPECT_GT(wakeUpsByTitles(window), whileShown) << "hidden windows are watched";
     unhide(u"Chatter"_s);
+}
+
+TEST_F(X11CostTest, DoesNotWaitForTheServerToTellTheFrontmostAgain) {
+    ClientProcess client;
+    desktop.openActive(client, chat);
+    const Reports reports(*workspace);
+    desktop.staysTrue([] { return true; });
+    const auto timesWaited = [] {
+        rusage usage{};
+        getrusage(RUSAGE_THREAD, &usage);
+        return usage.ru_nvcsw;
+    };
+    const auto before = timesWaited();
+    for (int i = 0; i < 100; ++i) {
+        const auto frontmost = workspace->frontmostApplication();
+        ASSERT_TRUE(frontmost);
+        EXPECT_EQ(frontmost->localizedName, u"Chatter");
+    }
+    EXPECT_LE(timesWaited() - before, 10);
 }
 
 TEST_F(X11CostTest, ListsTwoHundredWindowsQuickly) {
