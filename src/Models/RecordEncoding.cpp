@@ -6,9 +6,33 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <utility>
+
 namespace tolvar::RecordCoding {
 
 namespace {
+
+/// Lets the writer's buffer grow in bytes that are taken from it without a copy: a long history is
+/// a document of many megabytes.
+class BytesAllocator {
+public:
+    static constexpr bool kNeedFree = false;
+
+    void* Malloc(std::size_t size) {
+        m_bytes.resize(static_cast<qsizetype>(size));
+        return m_bytes.data();
+    }
+    void* Realloc(void*, std::size_t, std::size_t size) { return Malloc(size); }
+    static void Free(void*) {}
+
+    QByteArray take(std::size_t size) {
+        m_bytes.truncate(static_cast<qsizetype>(size));
+        return std::exchange(m_bytes, {});
+    }
+
+private:
+    QByteArray m_bytes;
+};
 
 /// Writes values as JSON. Each function is false when there is no JSON for the value.
 class RecordWriter {
@@ -25,9 +49,8 @@ public:
     template<Record R>
     bool write(const R& record);
 
-    QByteArray json() const {
-        return {m_buffer.GetString(), static_cast<qsizetype>(m_buffer.GetSize())};
-    }
+    /// What was written. Nothing more can be.
+    QByteArray takeJson() { return m_allocator.take(m_buffer.GetSize()); }
 
 private:
     template<typename T>
@@ -40,8 +63,11 @@ private:
         return m_writer.String(utf8.data(), static_cast<rapidjson::SizeType>(utf8.size()));
     }
 
-    rapidjson::StringBuffer m_buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> m_writer{m_buffer};
+    using Buffer = rapidjson::GenericStringBuffer<rapidjson::UTF8<>, BytesAllocator>;
+
+    BytesAllocator m_allocator;
+    Buffer m_buffer{&m_allocator};
+    rapidjson::Writer<Buffer> m_writer{m_buffer};
     QStringEncoder m_toUtf8{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
     QByteArray m_text;
 };
@@ -94,7 +120,7 @@ bool RecordWriter::writeField(std::string_view key, const T& value) {
 template<typename T>
 std::optional<QByteArray> encoded(const T& value) {
     RecordWriter writer;
-    return writer.write(value) ? std::optional(writer.json()) : std::nullopt;
+    return writer.write(value) ? std::optional(writer.takeJson()) : std::nullopt;
 }
 
 } // namespace

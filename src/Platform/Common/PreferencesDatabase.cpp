@@ -22,6 +22,8 @@ constexpr auto fileSettings = "PRAGMA page_size = 16384;";
 constexpr auto connectionSettings = "PRAGMA synchronous = FULL;"
                                     "PRAGMA secure_delete = FAST;"
                                     "PRAGMA journal_size_limit = 1048576;";
+/// About four megabytes in a file of our own making.
+constexpr int longLogPages = 256;
 constexpr auto makeTableSql =
     "CREATE TABLE IF NOT EXISTS preferences(key TEXT PRIMARY KEY NOT NULL, value)";
 /// Whether texts, numbers and bytes keep their types in the table and every change can be stored.
@@ -149,6 +151,7 @@ PreferencesDatabase::Outcome PreferencesDatabase::prepareToWrite() {
     // Without a log (a lock held elsewhere, an odd file system) storing is slower, not unsafe.
     m_connection.execute("PRAGMA journal_mode = WAL");
     m_connection.execute(connectionSettings);
+    m_connection.keepLog();
     if (const int made = makeTable(); made != SQLITE_OK)
         return outcomeOf(made);
     const int prepared = prepareStatements();
@@ -200,6 +203,10 @@ PreferencesDatabase::Outcome PreferencesDatabase::apply(const Changes& changes) 
         if (const int stored = store(key, change); stored != SQLITE_DONE)
             return outcomeOf(stored);
     return outcomeOf(transaction.commit());
+}
+
+bool PreferencesDatabase::isLogLong() const {
+    return m_connection.logPages() >= longLogPages;
 }
 
 int PreferencesDatabase::store(const QString& key, const Change& change) {

@@ -53,6 +53,11 @@ public:
     /// Stores the changes, all or none.
     Outcome apply(const Preferences::Changes& changes);
 
+    /// Whether so much lies in the log that it should go into the file. That takes as long as
+    /// storing did: `foldLog` is for a moment in which nobody waits.
+    bool isLogLong() const;
+    void foldLog() { m_connection.foldLog(); }
+
     /// What can still be read of a damaged file.
     Preferences::Changes salvage();
     /// Goes through the whole file: done when it is sound. Slow for large files.

@@ -56,6 +56,20 @@ void Connection::leaveLogOnClose() {
     sqlite3_db_config(m_connection.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
+void Connection::keepLog() {
+    const auto note = [](void* pages, sqlite3*, const char*, int count) {
+        *static_cast<int*>(pages) = count;
+        return SQLITE_OK;
+    };
+    sqlite3_wal_hook(m_connection.get(), note, &m_logPages);
+}
+
+void Connection::foldLog() {
+    m_logPages = 0;
+    sqlite3_wal_checkpoint_v2(m_connection.get(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr,
+                              nullptr);
+}
+
 int Connection::execute(const char* sql) {
     return sqlite3_exec(m_connection.get(), sql, nullptr, nullptr, nullptr);
 }

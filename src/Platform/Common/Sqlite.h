@@ -58,6 +58,10 @@ private:
 /// `leaveLogOnClose` was called.
 class Connection {
 public:
+    Connection() = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
     /// `flags` as of sqlite3_open_v2. The connection may be used for `errorMessage` alone when this
     /// fails.
     int open(const QByteArray& name, int flags);
@@ -67,6 +71,12 @@ public:
         sqlite3_busy_timeout(m_connection.get(), milliseconds);
     }
     void leaveLogOnClose();
+    /// From now on the write-ahead log goes into the file by `foldLog` alone, and on closing.
+    void keepLog();
+    /// How long the log was after this connection's last transaction, in pages.
+    int logPages() const { return m_logPages; }
+    /// Puts what the log holds into the file, as far as no other process reads it.
+    void foldLog();
 
     /// Runs statements that return nothing of interest.
     int execute(const char* sql);
@@ -82,6 +92,7 @@ private:
     struct Close {
         void operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
     };
+    int m_logPages = 0;
     std::unique_ptr<sqlite3, Close> m_connection;
 };
 

@@ -19,6 +19,8 @@ using Outcome = PreferencesDatabase::Outcome;
 using Verdict = PreferencesDatabase::Verdict;
 
 constexpr std::chrono::seconds retryInterval(5);
+/// Who waited for a change to be stored has got the answer by then.
+constexpr std::chrono::milliseconds foldDelay(500);
 
 /// The database is usable when the outcome is done.
 struct Opened {
@@ -127,8 +129,19 @@ private:
         if (outcome.isDone()) {
             m_pending.clear();
             m_told = false;
+            foldLogLater();
         }
         return outcome;
+    }
+
+    void foldLogLater() {
+        if (m_fold || !m_database->isLogLong())
+            return;
+        m_fold = m_timers.once(foldDelay, [this] {
+            m_fold.reset();
+            if (m_database)
+                m_database->foldLog();
+        });
     }
 
     /// The file was deleted, and what it held goes into a new one; or it was replaced, and what the
@@ -187,6 +200,8 @@ private:
     Changes m_pending;
     /// Runs while there are such.
     std::unique_ptr<Timer> m_retry;
+    /// Runs while the database's log is long.
+    std::unique_ptr<Timer> m_fold;
     /// Whether the present trouble was logged.
     bool m_told = false;
 };

@@ -209,6 +209,20 @@ TEST_F(SqlitePreferencesTest, HoldDocumentsOfTwentyFiveMegabytes) {
     EXPECT_TRUE(open()->data(u"history"_s) == second);
 }
 
+TEST_F(SqlitePreferencesTest, PutALongLogIntoTheFileOnceNobodyWaits) {
+    const QByteArray document(10'000'000, 'x');
+    const auto preferences = open();
+    preferences->setData(u"document"_s, document);
+    EXPECT_LT(QFileInfo(m_file).size(), document.size());
+    m_clock.advance(1);
+    EXPECT_GT(QFileInfo(m_file).size(), document.size());
+    EXPECT_EQ(m_clock.runningTimers(), 0u);
+    preferences->setBoolean(u"small"_s, true);
+    EXPECT_EQ(m_clock.runningTimers(), 0u) << "a short log stays where it is";
+    EXPECT_LT(QFileInfo(m_file + u"-wal"_s).size(), document.size());
+    EXPECT_EQ(preferences->data(u"document"_s), document);
+}
+
 TEST_F(SqlitePreferencesTest, BeginAfreshInAnEmptyFile) {
     QDir().mkpath(m_folder);
     put(m_file, "");

@@ -249,16 +249,16 @@ TEST_F(TroubledPreferencesTest, TakeALockHeldElsewhereForNoDamage) {
 TEST_F(TroubledPreferencesTest, OpenOnAFileThatAnotherProcessKeepsLocked) {
     store({{u"kept"_s, u"value"_s}, {u"old"_s, u"value"_s}});
     {
-        sqlite::Connection other;
-        other.open(QFile::encodeName(m_file), SQLITE_OPEN_READWRITE);
-        ASSERT_EQ(other.execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE"), SQLITE_OK);
+        auto other = std::make_unique<sqlite::Connection>();
+        other->open(QFile::encodeName(m_file), SQLITE_OPEN_READWRITE);
+        ASSERT_EQ(other->execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE"), SQLITE_OK);
         const auto preferences = open();
         EXPECT_EQ(preferences->text(u"kept"_s), u"value"_s);
         preferences->setBoolean(u"also set"_s, true);
         preferences->setText(u"set"_s, u"second"_s);
         preferences->remove(u"old"_s);
         expectOneLine(u"locked");
-        other = sqlite::Connection();
+        other.reset();
         preferences->setText(u"kept"_s, u"value"_s);
     }
     expectAllStored();
