@@ -16,8 +16,6 @@ namespace {
 /// a document of many megabytes.
 class BytesAllocator {
 public:
-    static constexpr bool kNeedFree = false;
-
     void* Malloc(std::size_t size) {
         m_bytes.resize(static_cast<qsizetype>(size));
         return m_bytes.data();
