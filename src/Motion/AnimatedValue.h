@@ -74,7 +74,7 @@ private:
     void reduce() override;
 
     void begin(const Request& request);
-    void moveTo(double now);
+    void promotePending(double now);
     void stopAt(double value);
     void tellChanged() const;
 

@@ -45,6 +45,7 @@ private:
     void reduce() override { finish(); }
 
     double duration() const;
+    void tellChanged() const;
 
     AnimationDriver& m_driver;
     Tracks m_tracks;

@@ -76,7 +76,8 @@ private:
         MotionState at(double seconds) const;
     };
 
-    void append(const Keyframe& keyframe, const Keyframe* next);
+    /// Adds the piece to `keyframe`, begun in `from`; returns the state it ends in.
+    MotionState append(const Keyframe& keyframe, MotionState from, const Keyframe* next);
 
     double m_start;
     double m_end;
