@@ -1,6 +1,6 @@
-#include "Gallery.h"
+#include "Gallery/Gallery.h"
 
-#include "Pages.h"
+#include "Gallery/Pages.h"
 
 #include <QPixmap>
 #include <QWidget>

@@ -1,6 +1,6 @@
-#include "GalleryWindow.h"
+#include "Gallery/GalleryWindow.h"
 
-#include "Pages.h"
+#include "Gallery/Pages.h"
 #include "Views/Paint/Paint.h"
 #include "Views/Shared/FocusRing.h"
 #include "Views/Shared/InstrumentSwitch.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Gallery.h"
+#include "Gallery/Gallery.h"
 
 #include <QWidget>
 

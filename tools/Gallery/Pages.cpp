@@ -1,6 +1,6 @@
-#include "Pages.h"
+#include "Gallery/Pages.h"
 
-#include "States.h"
+#include "Gallery/States.h"
 #include "Views/Paint/Paint.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/InstrumentSlider.h"

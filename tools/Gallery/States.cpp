@@ -1,4 +1,4 @@
-#include "States.h"
+#include "Gallery/States.h"
 
 #include "Views/Paint/Paint.h"
 #include "Views/Shared/FocusRing.h"

@@ -1,5 +1,5 @@
-#include "Gallery.h"
-#include "GalleryWindow.h"
+#include "Gallery/Gallery.h"
+#include "Gallery/GalleryWindow.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -5,6 +5,7 @@
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
+#include <QPainterPath>
 #include <QRadialGradient>
 
 #include <algorithm>
@@ -30,6 +31,22 @@ void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBr
     const double fitting = std::max(0.0, std::min({radius, rect.width() / 2, rect.height() / 2}));
     painter.setBrush(brush);
     painter.drawRoundedRect(rect, fitting, fitting);
+}
+
+/// Letters at rest stand on whole pixels. Those that move are drawn as outlines, which go as far as
+/// they are told and not to the next pixel.
+void line(QPainter& painter, const QPointF& start, const QString& text, const QFont& font,
+          const QColor& color) {
+    if (pixelTransform(painter)) {
+        painter.setFont(font);
+        painter.setPen(color);
+        painter.drawText(QPointF(start.x(), onPixels(painter, {start, QSizeF()}).y()), text);
+        return;
+    }
+    QPainterPath outlines;
+    outlines.addText(start, font, text);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outlines, color);
 }
 
 QColor faded(QColor color, double opacity) {
@@ -151,11 +168,11 @@ double textWidth(const QString& line, const QFont& font) {
     return line.isEmpty() ? 0 : advance - font.letterSpacing();
 }
 
-void text(QPainter& painter, const QRectF& rect, const QString& line, const QFont& font,
+void text(QPainter& painter, const QRectF& rect, const QString& content, const QFont& font,
           const QColor& color, Qt::Alignment horizontally) {
     const Saved saved(painter);
     const QFontMetricsF metrics(font);
-    const QString fitting = metrics.elidedText(line, Qt::ElideRight,
+    const QString fitting = metrics.elidedText(content, Qt::ElideRight,
                                                rect.width() + std::abs(font.letterSpacing()) + 0.5);
     const double width = textWidth(fitting, font);
     double left = rect.left();
@@ -164,9 +181,7 @@ void text(QPainter& painter, const QRectF& rect, const QString& line, const QFon
     else if (horizontally & Qt::AlignRight)
         left += rect.width() - width;
     const double baseline = rect.center().y() + metrics.capHeight() / 2;
-    painter.setFont(font);
-    painter.setPen(color);
-    painter.drawText(QPointF(left, onPixels(painter, {left, baseline, 0, 0}).y()), fitting);
+    line(painter, {left, baseline}, fitting, font, color);
 }
 
 } // namespace tolvar::Paint

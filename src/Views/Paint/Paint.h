@@ -53,7 +53,7 @@ void light(QPainter& painter, const QPointF& center, double diameter, const QCol
 
 /// One line, vertically centred by the height of its capitals rather than by the line's, which is
 /// where the eye finds the middle; cut with an ellipsis where it does not fit.
-void text(QPainter& painter, const QRectF& rect, const QString& line, const QFont& font,
+void text(QPainter& painter, const QRectF& rect, const QString& content, const QFont& font,
           const QColor& color, Qt::Alignment horizontally = Qt::AlignLeft);
 /// The width that `text` takes: without the tracking behind the last letter.
 double textWidth(const QString& line, const QFont& font);

@@ -15,7 +15,7 @@ QPalette inks() {
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, Palette::label);
-    palette.setColor(QPalette::PlaceholderText, Palette::labelTertiary);
+    palette.setColor(QPalette::PlaceholderText, Palette::labelDim);
     palette.setColor(QPalette::Highlight, Palette::amberRim);
     palette.setColor(QPalette::HighlightedText, Palette::label);
     palette.setColor(QPalette::Disabled, QPalette::Text, Palette::labelQuaternary);

@@ -1,10 +1,9 @@
 #include "Views/Shared/InstrumentSwitch.h"
 
 #include "Views/Paint/Paint.h"
+#include "Views/Shared/ReturnKey.h"
 #include "Views/Theme/Feedback.h"
 #include "Views/Theme/Instrument.h"
-
-#include <QKeyEvent>
 
 namespace tolvar {
 
@@ -93,11 +92,11 @@ void InstrumentSwitch::hideEvent(QHideEvent* event) {
 }
 
 void InstrumentSwitch::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isReturn)
-        return QCheckBox::keyPressEvent(event);
-    if (!event->isAutoRepeat())
-        animateClick();
+    withReturnAsSpace(event, [this](QKeyEvent* key) { QCheckBox::keyPressEvent(key); });
+}
+
+void InstrumentSwitch::keyReleaseEvent(QKeyEvent* event) {
+    withReturnAsSpace(event, [this](QKeyEvent* key) { QCheckBox::keyReleaseEvent(key); });
 }
 
 void InstrumentSwitch::paintEvent(QPaintEvent*) {

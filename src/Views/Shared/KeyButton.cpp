@@ -1,10 +1,9 @@
 #include "Views/Shared/KeyButton.h"
 
 #include "Views/Paint/Paint.h"
+#include "Views/Shared/ReturnKey.h"
 #include "Views/Theme/Feedback.h"
 #include "Views/Theme/Instrument.h"
-
-#include <QKeyEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -118,13 +117,12 @@ void KeyButton::hideEvent(QHideEvent* event) {
     m_hover.jumpTo(0);
 }
 
-/// Return goes down and up as the mouse would, so that it is seen and heard.
 void KeyButton::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isReturn)
-        return QPushButton::keyPressEvent(event);
-    if (!event->isAutoRepeat())
-        animateClick();
+    withReturnAsSpace(event, [this](QKeyEvent* key) { QPushButton::keyPressEvent(key); });
+}
+
+void KeyButton::keyReleaseEvent(QKeyEvent* event) {
+    withReturnAsSpace(event, [this](QKeyEvent* key) { QPushButton::keyReleaseEvent(key); });
 }
 
 QColor KeyButton::ink() const {
@@ -154,8 +152,13 @@ void KeyButton::paintLabel(QPainter& painter, const QRectF& label, const QColor&
     if (m_symbol) {
         QRectF box(rest.topLeft(), symbolSize(*m_symbol, m_style.symbolSize));
         box.moveTop(rest.center().y() - box.height() / 2);
+        if (layoutDirection() == Qt::RightToLeft) {
+            box.moveRight(rest.right());
+            rest.setRight(box.left() - m_style.spacing);
+        } else {
+            rest.setLeft(box.right() + m_style.spacing);
+        }
         paintSymbol(painter, *m_symbol, box, ink);
-        rest.setLeft(box.right() + m_style.spacing);
     }
     if (m_showsText)
         Paint::text(painter, rest, text(), m_style.font, ink);
