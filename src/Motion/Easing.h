@@ -9,7 +9,7 @@ public:
     /// Linear.
     constexpr Easing() = default;
     /// The two control points. x1 and x2 are brought into 0 … 1; with a coordinate that is not
-    /// finite the curve is linear.
+    /// finite, or beyond `motion::farthest`, the curve is linear.
     Easing(double x1, double y1, double x2, double y2);
 
     static Easing linear();
