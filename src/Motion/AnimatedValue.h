@@ -13,7 +13,7 @@ namespace tolvar {
 /// When and how often a value moves.
 struct AnimationOptions {
     double delay = 0; ///< seconds; until then it goes on as before
-    Repeat repeat;
+    Repeat repeat = {};
     UnderReducedMotion underReducedMotion = UnderReducedMotion::Jump;
 
     bool operator==(const AnimationOptions&) const = default;

@@ -11,7 +11,7 @@ namespace tolvar {
 /// A movement along a timing curve. At once if `duration` is not finite, 0 or less.
 struct Eased {
     double duration = 0; ///< seconds
-    Easing easing;
+    Easing easing = {};
 
     bool operator==(const Eased&) const = default;
 };

@@ -1,5 +1,7 @@
 #include "Motion/Easing.h"
 
+#include "Motion/MotionLimits.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -20,7 +22,8 @@ double Easing::Axis::secondDerivative(double s) const {
 }
 
 Easing::Easing(double x1, double y1, double x2, double y2) {
-    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
+    if (!motion::isUsableValue(x1) || !motion::isUsableValue(y1) || !motion::isUsableValue(x2) ||
+        !motion::isUsableValue(y2))
         return;
     m_x = {std::clamp(x1, 0.0, 1.0), std::clamp(x2, 0.0, 1.0)};
     m_y = {y1, y2};

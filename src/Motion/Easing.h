@@ -9,7 +9,7 @@ public:
     /// Linear.
     constexpr Easing() = default;
     /// The two control points. x1 and x2 are brought into 0 … 1; with a coordinate that is not
-    /// finite the curve is linear.
+    /// finite, or beyond `motion::farthest`, the curve is linear.
     Easing(double x1, double y1, double x2, double y2);
 
     static Easing linear();
@@ -27,14 +27,15 @@ public:
     bool operator==(const Easing&) const = default;
 
 private:
-    /// One coordinate of the curve, as the two control values between 0 and 1.
+    /// One coordinate of the curve, as the two control values between 0 and 1; `s` runs from 0 to 1
+    /// along the curve.
     struct Axis {
         double first;
         double second;
 
-        double at(double parameter) const;
-        double derivative(double parameter) const;
-        double secondDerivative(double parameter) const;
+        double at(double s) const;
+        double derivative(double s) const;
+        double secondDerivative(double s) const;
 
         bool operator==(const Axis&) const = default;
     };

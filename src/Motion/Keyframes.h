@@ -14,9 +14,9 @@ namespace tolvar {
 /// over the velocity the one before leaves, and ends at rest.
 struct CubicKeyframe {
     double value = 0;
-    double duration = 0;                 ///< seconds
-    std::optional<double> startVelocity; ///< units per second
-    std::optional<double> endVelocity;   ///< units per second
+    double duration = 0;                                ///< seconds
+    std::optional<double> startVelocity = std::nullopt; ///< units per second
+    std::optional<double> endVelocity = std::nullopt;   ///< units per second
 
     bool operator==(const CubicKeyframe&) const = default;
 };
@@ -40,9 +40,10 @@ struct MoveKeyframe {
 /// it has arrived; the next piece goes on from there.
 struct SpringKeyframe {
     double value = 0;
-    std::optional<double> duration; ///< seconds; none: until it has settled
+    std::optional<double> duration = std::nullopt; ///< seconds; none: until it has settled
     Spring spring = Spring::withDuration(0.5, 0);
-    std::optional<double> startVelocity; ///< units per second; none: what the piece before leaves
+    std::optional<double> startVelocity =
+        std::nullopt; ///< units per second; none: what the piece before leaves
 
     bool operator==(const SpringKeyframe&) const = default;
 };
