@@ -6,6 +6,7 @@
 #include <QTransform>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
