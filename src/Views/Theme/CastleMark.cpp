@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <optional>
@@ -93,10 +94,10 @@ QPainterPath castleIn(const QRectF& square, const CastleDrawing& drawing, const 
         return QPointF(square.right() - placed(point.x()), square.top() + placed(point.y()));
     };
     QPainterPath path(left(drawing.outline.front()));
-    for (auto point = drawing.outline.begin() + 1; point != drawing.outline.end(); ++point)
-        path.lineTo(left(*point));
-    for (auto point = drawing.outline.rbegin(); point != drawing.outline.rend(); ++point)
-        path.lineTo(right(*point));
+    for (const QPointF& point : drawing.outline)
+        path.lineTo(left(point));
+    std::for_each(drawing.outline.rbegin(), drawing.outline.rend(),
+                  [&](const QPointF& point) { path.lineTo(right(point)); });
 
     const QPointF foot(drawing.outline.front().x(), drawing.archFoot);
     const qreal width = right(foot).x() - left(foot).x();

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -68,7 +69,7 @@ struct SymbolMetrics {
     qreal leastOptical = 0.75;
     qreal mostOptical = 1.25;
     /// What the memory of rendered symbols may take, in bytes.
-    int cacheBytes = 512 * 1024;
+    int cacheBytes = 1024 * 1024;
 };
 constexpr SymbolMetrics metrics;
 
@@ -97,7 +98,7 @@ QImage mask(const MaskKey& key) {
     static QCache<MaskKey, QImage> cache(metrics.cacheBytes);
     if (const QImage* known = cache.object(key))
         return *known;
-    const QImage image = SymbolDrawing::of(key.symbol).mask(key.pixelHeight, key.stroke);
+    QImage image = SymbolDrawing::of(key.symbol).mask(key.pixelHeight, key.stroke);
     cache.insert(key, new QImage(image), image.sizeInBytes());
     return image;
 }

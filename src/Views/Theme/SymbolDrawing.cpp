@@ -6,6 +6,7 @@
 #include <QTransform>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -50,9 +51,11 @@ qreal sharpest(qreal middle, qreal strokePixels) {
     return odd ? std::floor(middle) + 0.5 : std::round(middle);
 }
 
-/// Half of the way to whole pixels: thin strokes get sharper, and keep telling the weights apart.
+/// A part of the way to whole pixels: thin strokes get sharper, and still tell the weights apart.
 qreal sharpened(qreal strokePixels) {
-    return (strokePixels + std::max(1.0, std::round(strokePixels))) / 2;
+    constexpr qreal part = 0.33;
+    const qreal whole = std::max(1.0, std::round(strokePixels));
+    return strokePixels + part * (whole - strokePixels);
 }
 
 /// Moves stems onto pixels, and scales a little, so that the distances between them are whole
