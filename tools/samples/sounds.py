@@ -19,7 +19,7 @@ def key_down(random):
     plate = Plate(0.140, 0.088, 0.0015, **STEEL).modes(
         (0.37, 0.42), Damping(0.026, 3200), 9000, width=0.12)
     cap = [Mode(2350, 0.013, 1.0, 0.03), Mode(3420, 0.010, 0.9, -0.04), Mode(4780, 0.007, 0.5)]
-    housing = [Mode(152, 0.072, 0.40), Mode(231, 0.055, 0.32, 0.03), Mode(388, 0.036, 0.20, -0.03)]
+    housing = [Mode(152, 0.070, 0.32), Mode(231, 0.054, 0.27, 0.03), Mode(388, 0.036, 0.20, -0.03)]
     stop = bouncing(contact(0.00030), (0, 1), (0.0064, 0.13))
     grating = roughness(random, 0.0001, 0.0012, 1500, 6500)
     return mixed(seconds,
@@ -52,7 +52,7 @@ def mode_switch(random):
         (0.62, 0.45), Damping(0.014, 6000), 15000, width=0.08)
     spring = [Mode(1680, 0.017, 0.8, 0.05), Mode(2710, 0.013, 0.8, -0.05)]
     base = [Mode(345, 0.024, 0.20), Mode(760, 0.018, 0.3)]
-    bounces = ((0, 1), (0.0088, 0.24), (0.0134, 0.06))
+    bounces = ((0, 1), (0.0088, 0.20), (0.0134, 0.05))
     grating = roughness(random, 0.00005, 0.0005, 3000, 10000)
     return mixed(seconds,
                  (0, ring(louder(leaf, 0.25), bouncing(contact(0.00015), *bounces), seconds)),
@@ -63,20 +63,21 @@ def mode_switch(random):
 
 
 def chime(_random):
-    """Two small bells, a fourth apart, struck one after the other with a soft mallet."""
+    """Two small bells a fourth apart, struck one after the other with a soft mallet."""
     seconds = 2.2
-    mallet = contact(0.0008, 2)
+    mallet = contact(0.0006, 2)
     first = ring(bell(440, 0.9, -0.10), mallet, seconds)
     second = ring(bell(440 * 4 / 3, 0.9, 0.10), mallet, seconds)
     return mixed(seconds, (0, first), (0.19, second))
 
 
-# A hand bell: (times the note, seconds to -60 dB at 440 Hz, loudness, beats per second). The
-# twelfth is tuned pure; above it the bell is as inharmonic as bells are.
+# A small bell: (times the note, seconds to -60 dB at 440 Hz, loudness, beats per second). Hum and
+# twelfth are tuned pure; above them the bell is as inharmonic as bells are.
 BELL = (
-    (1.000, 2.30, 1.00, 0.9),
-    (2.010, 1.35, 0.14, 1.3),
-    (3.000, 1.15, 0.34, 1.7),
+    (0.500, 2.60, 0.08, 0.5),
+    (1.000, 2.40, 1.00, 1.1),
+    (2.010, 1.40, 0.14, 1.4),
+    (3.000, 1.15, 0.31, 1.8),
     (5.020, 0.62, 0.17, 2.3),
     (5.870, 0.46, 0.12, 2.9),
     (7.240, 0.30, 0.10, 3.7),
@@ -92,8 +93,8 @@ def bell(note, gain, pan):
         frequency = times * note
         lasting = decay * math.sqrt(440 / note)
         level = gain * loudness
-        modes.append(Mode(frequency - beat / 2, lasting, 0.64 * level, pan - 0.2))
-        modes.append(Mode(frequency + beat / 2, 0.8 * lasting, 0.36 * level, pan + 0.2))
+        modes.append(Mode(frequency - beat / 2, lasting, 0.80 * level, pan - 0.2))
+        modes.append(Mode(frequency + beat / 2, 0.85 * lasting, 0.20 * level, pan + 0.2))
     return modes
 
 
@@ -103,8 +104,8 @@ def blocked(_random):
     board = Plate(0.40, 0.27, 0.010, **SPRUCE).modes(
         (0.41, 0.43), Damping(0.110, 420), 2000, width=0.15)
     air = [Mode(124, 0.090, 0.07)]
-    knock = ring(board + air, contact(0.0026, 2), seconds)
-    softer = ring(board + air, contact(0.0031, 2), seconds)
+    knock = ring(board + air, contact(0.0023, 2), seconds)
+    softer = ring(board + air, contact(0.0029, 2), seconds)
     return mixed(seconds, (0, knock), (0.140, 0.66 * softer))
 
 
@@ -119,7 +120,7 @@ class Sound:
     """Seconds it is faded out for at its end."""
 
 
-KEY_DOWN_LOUDNESS = -21.0
+KEY_DOWN_LOUDNESS = -22.0
 
 SOUNDS = (
     Sound("key-down", key_down, 11, KEY_DOWN_LOUDNESS, 0.020),
