@@ -34,7 +34,7 @@ def read(path):
 
 
 def k_curve(frequency):
-    """The weighting of BS.1770, from its analogue prototypes, warped as the bilinear transform does."""
+    """The weighting of BS.1770 from its analogue prototypes, by the bilinear transform."""
     s = 1j * np.tan(np.pi * np.minimum(frequency, 0.4999 * RATE) / RATE)
     corner, quality, gain = math.tan(math.pi * 1681.974450955533 / RATE), 0.7071752369554196, \
         10 ** (3.999843853973347 / 20)
@@ -241,6 +241,15 @@ class Character(unittest.TestCase):
         first, between, second = power[:20].max(), power[60:68].max(), power[68:90].max()
         self.assertLess(between, second / 100)
         self.assertTrue(0.2 < second / first < 0.7)
+
+
+class Page(unittest.TestCase):
+    def test_the_figures_of_the_page_are_those_of_the_shipped_sounds(self):
+        printed = subprocess.run(
+            ["/usr/bin/python3", "-B", ROOT / "tools" / "samples" / "measure.py"], text=True,
+            stdout=subprocess.PIPE, check=True, timeout=50).stdout
+        self.assertEqual(printed.count("\n"), 2 + len(TABLE))
+        self.assertIn(f"\n\n{printed}\n", (ROOT / "docs" / "sounds.md").read_text())
 
 
 if __name__ == "__main__":

@@ -6,8 +6,8 @@ import wave
 import numpy as np
 
 import loudness
+from physics import RATE
 
-RATE = 48_000
 FULL_SCALE = 32768
 
 

@@ -2,7 +2,7 @@
 
 import numpy as np
 
-RATE = 48_000
+from physics import RATE
 
 # The gating blocks of BS.1770 last 400 ms, longer than a click. The ear's own short integration is
 # nearer to this.
@@ -45,7 +45,7 @@ def momentary(stereo):
 
 
 def true_peak(stereo, factor=4):
-    """The highest value between the samples too, in dBFS, by a windowed sinc four times as dense."""
+    """The highest value in dBFS, between the samples too, by a windowed sinc."""
     reach = 24
     taps = np.arange(-reach * factor, reach * factor + 1) / factor
     kernel = np.sinc(taps) * np.kaiser(len(taps), 9.0)

@@ -3,9 +3,7 @@
 
   tools/samples/measure.py [FOLDER]      data/Sounds unless another one is named
 
-Peak: between the samples too. Loudness: the loudest 50 ms, weighted as ITU-R BS.1770 does. Centroid:
-the middle of the spectrum from the beginning on and later. Decay: how long a band takes from its
-highest 3 ms until it stays 30 dB below them.
+What the columns mean stands in docs/sounds.md, which ends with this table.
 """
 
 import sys
@@ -15,12 +13,12 @@ import numpy as np
 import finish
 import loudness
 from make import SHIPPED
+from physics import RATE
 from sounds import SOUNDS
 
-RATE = 48_000
 BANDS = (("below 400 Hz", 40, 400), ("400 to 2000", 400, 2000), ("above 2000", 2000, 20000))
-HEAD = "| sound | length | peak | loudness | offset | centroid 0–8 ms | 8–40 ms | later | " + \
-    " | ".join(f"decay {name}" for name, _, _ in BANDS) + " |"
+COLUMNS = ("sound", "length", "peak", "loudness", "offset", "centroid 0–8 ms", "8–40 ms", "later",
+           *(f"decay {name}" for name, _, _ in BANDS))
 
 
 def offset(stereo):
@@ -67,15 +65,19 @@ def row(name, stereo):
     cells += [figure(centroid(mono, *span), "{:.0f} Hz")
               for span in ((0, 0.008), (0.008, 0.040), (0.040, length))]
     cells += [figure(decay(mono, low, high), "{:.3f} s") for _, low, high in BANDS]
-    return "| " + " | ".join(cells) + " |"
+    return cells
+
+
+def line(cells):
+    return f"| {' | '.join(cells)} |"
 
 
 def main():
     folder = sys.argv[1] if len(sys.argv) > 1 else SHIPPED
-    print(HEAD)
-    print("|---" * HEAD.count(" | ") + "|---|")
+    print(line(COLUMNS))
+    print("|---" * len(COLUMNS) + "|")
     for sound in SOUNDS:
-        print(row(sound.name, finish.read(f"{folder}/{sound.name}.wav")))
+        print(line(row(sound.name, finish.read(f"{folder}/{sound.name}.wav"))))
 
 
 if __name__ == "__main__":

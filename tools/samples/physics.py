@@ -7,6 +7,9 @@ import numpy as np
 
 RATE = 48_000
 
+# How much narrower a body gets when it is stretched: of steel and, near enough, of wood.
+POISSON = 0.3
+
 
 @dataclass(frozen=True)
 class Mode:
@@ -52,13 +55,13 @@ class Plate:
         stiffness = (self.stiffness * along**4 + self.stiffness_across * across**4
                      + 2 * math.sqrt(self.stiffness * self.stiffness_across)
                      * (along * across) ** 2)
-        bending = self.thickness * math.sqrt(stiffness / (12 * 0.91 * self.density))
-        return math.pi / 2 * bending
+        return math.pi / 2 * self.thickness * math.sqrt(
+            stiffness / (12 * (1 - POISSON**2) * self.density))
 
-    def modes(self, struck_at, damping, highest, width=0.0):
+    def modes(self, struck_at, damping, highest, spread=0.0):
         """Its modes up to `highest` Hz as they sound when it is struck at a place given as parts of
         its sides. What moves the air is the volume a mode displaces: modes whose halves swing
-        against each other are weak. Modes that are odd along the width lean to the sides by `width`."""
+        against each other are weak, and those lean to one side by `spread`."""
         found = []
         for m in range(1, 12):
             for n in range(1, 12):
@@ -68,7 +71,7 @@ class Plate:
                 moved = (math.sin(m * math.pi * struck_at[0])
                          * math.sin(n * math.pi * struck_at[1]))
                 cancels = 1.0 if m % 2 and n % 2 else 0.45
-                lean = width * (0 if m % 2 else (1 if m % 4 else -1))
+                lean = 0.0 if m % 2 else spread * (1 if m % 4 else -1)
                 found.append(Mode(frequency, damping.at(frequency),
                                   moved * cancels * frequency / (m * n) / 1000, lean))
         return found

@@ -13,9 +13,9 @@ from matplotlib.ticker import FixedLocator, NullLocator
 
 import finish
 from make import SHIPPED
+from physics import RATE
 from sounds import SOUNDS
 
-RATE = 48_000
 PICTURE = SHIPPED.parents[1] / "docs" / "images" / "sounds.png"
 PANEL, WELL, INK, DIM, AMBER = "#191817", "#100f0e", "#d8d2c8", "#7d766c", "#f0a63c"
 GLOW = LinearSegmentedColormap.from_list(
