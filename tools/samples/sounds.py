@@ -4,8 +4,6 @@ import math
 from dataclasses import dataclass
 from typing import Callable
 
-import numpy as np
-
 from physics import (Damping, Mode, Plate, bouncing, contact, louder, mixed, placed, ring,
                      roughness)
 
