@@ -37,6 +37,12 @@ function(tolvar_library name)
     target_link_libraries(${name} PUBLIC tolvar_options ${ARG_LINK})
 endfunction()
 
+# The surroundings of what is drawn in a test: the same letters and the same scale everywhere.
+set(TOLVAR_OFFSCREEN
+    QT_QPA_PLATFORM=offscreen
+    QT_SCALE_FACTOR=1
+    FONTCONFIG_FILE=${PROJECT_SOURCE_DIR}/tests/Support/fonts.conf)
+
 # tolvar_test(NAME SOURCES files... LINK targets...): a GoogleTest program that CTest runs whole.
 # DESKTOP marks a test that wants a private X server and bus around it (scripts/desktop run).
 # WIDGETS gives it an application with widgets, drawn off any screen with one typeface.
@@ -67,12 +73,6 @@ function(tolvar_test name)
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()
-
-# The surroundings of what is drawn in a test: the same letters and the same scale everywhere.
-set(TOLVAR_OFFSCREEN
-    QT_QPA_PLATFORM=offscreen
-    QT_SCALE_FACTOR=1
-    FONTCONFIG_FILE=${PROJECT_SOURCE_DIR}/tests/Support/fonts.conf)
 
 # tolvar_python_test(NAME SCRIPT file LABEL unit|desktop [WM name] [TIMEOUT seconds]): a Python
 # unittest script. With WM it runs in a private desktop of that window manager, by itself, and finds

@@ -17,6 +17,8 @@ namespace {
 
 constexpr double hoverLift = 0.055;
 constexpr double ringWidth = 1;
+/// Letters gain weight when they are set as light on dark; outlines get it from a pen. Points.
+constexpr double outlineWeight = 0.3;
 /// How far out a shadow of a given radius can be seen, and how fast it fades.
 constexpr int glowSteps = 8;
 
@@ -46,7 +48,9 @@ void line(QPainter& painter, const QPointF& start, const QString& text, const QF
     QPainterPath outlines;
     outlines.addText(start, font, text);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(outlines, color);
+    painter.setPen(QPen(color, outlineWeight));
+    painter.setBrush(color);
+    painter.drawPath(outlines);
 }
 
 QColor faded(QColor color, double opacity) {

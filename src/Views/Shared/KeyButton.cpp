@@ -143,7 +143,13 @@ void KeyButton::paintEvent(QPaintEvent*) {
     const Bevel bevel = isEnabled() ? relief : relief.flattened();
     Paint::bevel(painter, face, m_style.radius, bevel);
     Paint::hover(painter, face, m_style.radius, bevel, m_hover.value());
-    paintLabel(painter, face.marginsRemoved(m_style.padding).translated(0, m_depth.value()), ink());
+    paintLabel(painter, labelPlace().translated(0, m_depth.value()), ink());
+}
+
+/// In the middle of the face, which is not that of the key: the edge below it is the wider one.
+QRectF KeyButton::labelPlace() const {
+    const double rise = (m_style.bevel.bottomWidth - m_style.bevel.topWidth) / 2;
+    return QRectF(rect()).marginsRemoved(m_style.padding).translated(0, -rise);
 }
 
 void KeyButton::paintLabel(QPainter& painter, const QRectF& label, const QColor& ink) {

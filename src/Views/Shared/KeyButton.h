@@ -62,6 +62,7 @@ private:
     void moveTo(bool isHeld);
     void updateHover();
     double depth() const;
+    QRectF labelPlace() const;
     QColor ink() const;
     bool isHeld() const { return isDown() && isEnabled(); }
 
