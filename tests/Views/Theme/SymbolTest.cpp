@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -34,6 +35,10 @@ QImage picture(Symbol symbol, qreal pointSize, qreal scale,
 
 bool isFilled(Symbol symbol) {
     return symbolName(symbol).endsWith(".fill"_L1);
+}
+
+MATCHER_P(IsNear, tolerance, "") {
+    return std::abs(std::get<0>(arg) - std::get<1>(arg)) <= tolerance;
 }
 
 class EverySymbol : public testing::TestWithParam<Symbol> {};
@@ -192,15 +197,30 @@ TEST(Symbols, AreEquallyHighBesideTextOfOneSize) {
     }
 }
 
-TEST(Symbols, HaveSharpStemsAtEveryScale) {
-    for (const qreal scale : scales)
-        for (const qreal size : {13.0, 17.0}) {
-            const QImage image = picture(Symbol::minus, size, scale, SymbolWeight::bold);
-            int darkest = 0;
-            for (int y = 0; y < image.height(); ++y)
-                darkest = std::max(darkest, qAlpha(image.pixel(image.width() / 2, y)));
-            EXPECT_GE(darkest, 225) << "at " << size << " points and scale " << scale;
-        }
+/// How much a level stroke covers the pixels it touches, from its upper edge to its lower one: the
+/// first stroke that the middle column of a picture meets.
+std::vector<int> profileOfFirstStroke(const QImage& image) {
+    std::vector<int> profile;
+    for (int y = 0; y < image.height(); ++y) {
+        const int alpha = qAlpha(image.pixel(image.width() / 2, y));
+        if (alpha == 0 && !profile.empty())
+            break;
+        if (alpha > 0)
+            profile.push_back(alpha);
+    }
+    return profile;
+}
+
+TEST(Symbols, HaveSharpStemsAtEverySizeAndScale) {
+    for (const Symbol symbol : {Symbol::minus, Symbol::stop, Symbol::bookmark})
+        for (const double scale : scales)
+            for (const double size : {10.0, 11.0, 12.0, 13.0, 14.0, 15.0, 17.0}) {
+                const std::vector<int> profile = profileOfFirstStroke(picture(symbol, size, scale));
+                const std::vector<int> flipped(profile.rbegin(), profile.rend());
+                EXPECT_THAT(flipped, testing::Pointwise(IsNear(8), profile));
+                EXPECT_GE(*std::max_element(profile.begin(), profile.end()), 200)
+                    << symbolName(symbol).data() << " at " << size << " points, scale " << scale;
+            }
 }
 
 TEST(Symbols, KeepTheirShapeInABoxOfAnother) {
