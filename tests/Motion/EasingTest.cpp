@@ -36,12 +36,14 @@ double bisected(const ControlPoints& points, double time) {
 }
 
 TEST(Easing, SolvesItsCurveToABillionth) {
-    const std::array<ControlPoints, 7> curves{{{0.42, 0, 1, 1},
+    const std::array<ControlPoints, 9> curves{{{0.42, 0, 1, 1},
                                                {0, 0, 0.58, 1},
                                                {0.42, 0, 0.58, 1},
                                                {0.25, 0.1, 0.25, 1},
                                                {0.68, -0.55, 0.27, 1.55},
                                                {0.95, 0, 0.05, 1},
+                                               {0.999, 0, 0.001, 1},
+                                               {0, 0, 0, 1},
                                                {1.0 / 3, 1, 2.0 / 3, 1}}};
     for (const auto& points : curves) {
         const Easing easing(points.x1, points.y1, points.x2, points.y2);
