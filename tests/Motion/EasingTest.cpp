@@ -53,6 +53,16 @@ TEST(Easing, SolvesItsCurveToABillionth) {
     }
 }
 
+TEST(Easing, SolvesSteepCurvesAndFlatOnes) {
+    for (const double x1 : {0.0, 1e-6, 0.001, 0.3, 0.9, 0.999})
+        for (const double x2 : {0.001, 0.1, 0.5, 0.999, 1.0})
+            for (const double t : {1e-5, 0.001, 0.03, 0.2, 0.49, 0.7, 0.95, 0.9999}) {
+                EXPECT_NEAR(Easing(x1, x1, x2, x2).progress(t), t, exact) << x1 << ' ' << x2;
+                EXPECT_NEAR(Easing(x1, 0, x2, 1).progress(t), bisected({x1, 0, x2, 1}, t), exact)
+                    << x1 << ' ' << x2 << " at " << t;
+            }
+}
+
 TEST(Easing, KnowsTheUsualCurvesByName) {
     EXPECT_EQ(Easing::linear(), Easing());
     EXPECT_EQ(Easing::easeIn(), Easing(0.42, 0, 1, 1));
