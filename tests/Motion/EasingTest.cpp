@@ -36,12 +36,14 @@ double bisected(const ControlPoints& points, double time) {
 }
 
 TEST(Easing, SolvesItsCurveToABillionth) {
-    const std::array<ControlPoints, 7> curves{{{0.42, 0, 1, 1},
+    const std::array<ControlPoints, 9> curves{{{0.42, 0, 1, 1},
                                                {0, 0, 0.58, 1},
                                                {0.42, 0, 0.58, 1},
                                                {0.25, 0.1, 0.25, 1},
                                                {0.68, -0.55, 0.27, 1.55},
                                                {0.95, 0, 0.05, 1},
+                                               {0.999, 0, 0.001, 1},
+                                               {0, 0, 0, 1},
                                                {1.0 / 3, 1, 2.0 / 3, 1}}};
     for (const auto& points : curves) {
         const Easing easing(points.x1, points.y1, points.x2, points.y2);
@@ -49,6 +51,16 @@ TEST(Easing, SolvesItsCurveToABillionth) {
             ASSERT_NEAR(easing.progress(i / 10000.0), bisected(points, i / 10000.0), exact)
                 << points.x1 << ' ' << points.x2 << " at " << i;
     }
+}
+
+TEST(Easing, SolvesSteepCurvesAndFlatOnes) {
+    for (const double x1 : {0.0, 1e-6, 0.001, 0.3, 0.9, 0.999})
+        for (const double x2 : {0.001, 0.1, 0.5, 0.999, 1.0})
+            for (const double t : {1e-5, 0.001, 0.03, 0.2, 0.49, 0.7, 0.95, 0.9999}) {
+                EXPECT_NEAR(Easing(x1, x1, x2, x2).progress(t), t, exact) << x1 << ' ' << x2;
+                EXPECT_NEAR(Easing(x1, 0, x2, 1).progress(t), bisected({x1, 0, x2, 1}, t), exact)
+                    << x1 << ' ' << x2 << " at " << t;
+            }
 }
 
 TEST(Easing, KnowsTheUsualCurvesByName) {

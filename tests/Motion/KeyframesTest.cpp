@@ -69,6 +69,14 @@ TEST(KeyframeTrack, PassesTwoCubicPiecesWithTheSlopeOverBoth) {
     EXPECT_NEAR(track.at(0.2 + 0.6 * s).value, wanted, exact);
 }
 
+TEST(KeyframeTrack, EndsACubicPieceAtRestBeforeAPieceOfAnotherKind) {
+    for (const Keyframe& next : {Keyframe(LinearKeyframe{9, 1}), Keyframe(MoveKeyframe{9}),
+                                 Keyframe(SpringKeyframe{9, 1}), Keyframe(CubicKeyframe{9, 0})}) {
+        const KeyframeTrack track(0, {CubicKeyframe{1, 0.5}, next, LinearKeyframe{0, 1}});
+        EXPECT_NEAR(track.at(0.5 - 1e-12).velocity, 0, 1e-6) << next.index();
+    }
+}
+
 TEST(KeyframeTrack, PassesACubicPieceWithTheVelocitiesGiven) {
     const KeyframeTrack track(
         0, {CubicKeyframe{1, 0.5, 4, -6}, CubicKeyframe{2, 0.5}, CubicKeyframe{0, 0.5, 7}});

@@ -98,6 +98,15 @@ TEST(Movement, RepeatsWithoutGoingBack) {
     EXPECT_EQ(movement.at(movement.duration()).value, 1);
 }
 
+TEST(Movement, DoesNotBeginAnotherRunInItsLastMoment) {
+    for (int runs = 2; runs < 40; ++runs)
+        for (double duration = 0.1; duration < 2; duration += 0.037) {
+            const auto movement = fromRest(0, 1, Eased{duration, slide.easing}, {runs, same});
+            ASSERT_NEAR(movement.at(std::nextafter(movement.duration(), 0)).value, 1, exact)
+                << runs << " runs of " << duration;
+        }
+}
+
 TEST(Movement, EndsWhereItsLastRunLeads) {
     EXPECT_EQ(fromRest(0, 1, slide, {1, alternating}).end(), 1);
     EXPECT_EQ(fromRest(0, 1, slide, {2, alternating}).end(), 0);

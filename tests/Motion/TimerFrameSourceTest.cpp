@@ -1,6 +1,5 @@
 #include "Motion/TimerFrameSource.h"
 
-#include <QCoreApplication>
 #include <QEventLoop>
 
 #include <gtest/gtest.h>
@@ -8,6 +7,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace tolvar {
@@ -69,16 +69,16 @@ TEST(TimerFrameSource, MayBeDestroyedByItsOwnFrame) {
 TEST(TimerFrameSource, MayBeStartedAnewByItsOwnFrame) {
     TimerFrameSource source(240);
     QEventLoop loop;
-    bool wasAnswered = false;
-    source.start([&](double) {
+    std::string said;
+    // The captured text is read after its owner was replaced.
+    const std::string farewell = "replaced, and long enough to be kept apart";
+    source.start([&, farewell](double) {
         source.stop();
-        source.start([&](double) {
-            wasAnswered = true;
-            loop.quit();
-        });
+        source.start([&](double) { loop.quit(); });
+        said = farewell;
     });
     loop.exec();
-    EXPECT_TRUE(wasAnswered);
+    EXPECT_EQ(said, farewell);
 }
 
 TEST(TimerFrameSource, BringsItsRateIntoTheRange) {
