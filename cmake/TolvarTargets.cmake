@@ -37,10 +37,21 @@ function(tolvar_library name)
     target_link_libraries(${name} PUBLIC tolvar_options ${ARG_LINK})
 endfunction()
 
+# The surroundings of what is drawn in a test: the same letters and the same scale everywhere.
+set(TOLVAR_OFFSCREEN
+    QT_QPA_PLATFORM=offscreen
+    QT_SCALE_FACTOR=1
+    FONTCONFIG_FILE=${PROJECT_SOURCE_DIR}/tests/Support/fonts.conf)
+
 # tolvar_test(NAME SOURCES files... LINK targets...): a GoogleTest program that CTest runs whole.
 # DESKTOP marks a test that wants a private X server and bus around it (scripts/desktop run).
+# WIDGETS gives it an application with widgets, drawn off any screen with one typeface.
 function(tolvar_test name)
-    cmake_parse_arguments(ARG "DESKTOP" "TIMEOUT" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "DESKTOP;WIDGETS" "TIMEOUT" "SOURCES;LINK" ${ARGN})
+    if(ARG_WIDGETS)
+        list(APPEND ARG_SOURCES ${PROJECT_SOURCE_DIR}/tests/Support/WidgetTestMain.cpp)
+        list(APPEND ARG_LINK Qt6::Widgets Qt6::Test)
+    endif()
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
@@ -53,6 +64,9 @@ function(tolvar_test name)
     else()
         add_test(NAME ${name} COMMAND ${name})
         set_tests_properties(${name} PROPERTIES LABELS unit)
+    endif()
+    if(ARG_WIDGETS)
+        set_tests_properties(${name} PROPERTIES ENVIRONMENT "${TOLVAR_OFFSCREEN}")
     endif()
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 60)

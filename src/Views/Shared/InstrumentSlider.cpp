@@ -1,0 +1,136 @@
+#include "Views/Shared/InstrumentSlider.h"
+
+#include "Views/Paint/Paint.h"
+#include "Views/Theme/Instrument.h"
+
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolvar {
+
+namespace {
+
+namespace Palette = Instrument::Palette;
+
+/// Fine enough to be continuous on any screen.
+constexpr int steps = 1000;
+constexpr int keyStep = 50;
+constexpr double knobRadius = 5;
+constexpr double notchInset = 5;
+
+} // namespace
+
+InstrumentSlider::InstrumentSlider(const ControlContext& context, const QString& name,
+                                   const Style& style, QWidget* parent)
+    : QSlider(Qt::Horizontal, parent)
+    , m_style(style)
+    , m_press(context.motion, 0, [this] { update(); }) {
+    setAccessibleName(name);
+    setRange(0, steps);
+    setSingleStep(keyStep);
+    setPageStep(2 * keyStep);
+    setTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+double InstrumentSlider::amount() const {
+    return static_cast<double>(value()) / steps;
+}
+
+void InstrumentSlider::setAmount(double amount) {
+    setValue(static_cast<int>(std::lround(std::clamp(amount, 0.0, 1.0) * steps)));
+}
+
+QSize InstrumentSlider::sizeHint() const {
+    return {m_style.preferredWidth, static_cast<int>(std::ceil(m_style.knobHeight))};
+}
+
+QSize InstrumentSlider::minimumSizeHint() const {
+    return {static_cast<int>(3 * m_style.knobWidth), sizeHint().height()};
+}
+
+double InstrumentSlider::focusRadius() const {
+    return knobRadius;
+}
+
+QRectF InstrumentSlider::groove() const {
+    QRectF groove(0, 0, width(), m_style.grooveHeight);
+    groove.moveCenter(QRectF(rect()).center());
+    return groove;
+}
+
+QRectF InstrumentSlider::knob() const {
+    const double share = static_cast<double>(sliderPosition()) / steps;
+    const double travel = width() - m_style.knobWidth;
+    const double left = travel * (isMirrored() ? 1 - share : share);
+    return {left, (height() - m_style.knobHeight) / 2, m_style.knobWidth, m_style.knobHeight};
+}
+
+/// Anywhere on the slider: the knob comes to the hand.
+void InstrumentSlider::dragTo(double x) {
+    const double along = (x - m_style.knobWidth / 2) / (width() - m_style.knobWidth);
+    const double share = std::clamp(isMirrored() ? 1 - along : along, 0.0, 1.0);
+    setSliderPosition(static_cast<int>(std::lround(share * steps)));
+}
+
+void InstrumentSlider::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    setSliderDown(true);
+    m_press.animateTo(1, Instrument::Motion::keyDown);
+    dragTo(event->position().x());
+}
+
+void InstrumentSlider::mouseMoveEvent(QMouseEvent* event) {
+    if (isSliderDown())
+        dragTo(event->position().x());
+}
+
+void InstrumentSlider::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !isSliderDown())
+        return event->ignore();
+    m_press.animateTo(0, Instrument::Motion::keyUp);
+    setSliderDown(false);
+    Q_EMIT editingEnded();
+}
+
+void InstrumentSlider::keyPressEvent(QKeyEvent* event) {
+    const int before = value();
+    QSlider::keyPressEvent(event);
+    setValue(sliderPosition());
+    if (value() != before)
+        Q_EMIT editingEnded();
+}
+
+void InstrumentSlider::hideEvent(QHideEvent* event) {
+    QSlider::hideEvent(event);
+    m_press.jumpTo(0);
+}
+
+void InstrumentSlider::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRectF track = groove();
+    const QRectF cap = knob();
+    const double radius = m_style.grooveHeight / 2;
+    const auto dim = [this](const Bevel& bevel) { return isEnabled() ? bevel : bevel.flattened(); };
+    Paint::bevel(painter, track, radius, dim(Bevel::well));
+
+    const double margin = Paint::wholePixels(painter, 1);
+    QRectF lit = track.adjusted(margin, margin, -margin, -margin);
+    if (isMirrored())
+        lit.setLeft(cap.center().x());
+    else
+        lit.setRight(cap.center().x());
+    if (isEnabled() && sliderPosition() > 0)
+        Paint::fill(painter, lit, radius - margin, Palette::amber);
+
+    const QRectF sunk = cap.translated(0, m_press.value() * 0.5);
+    Paint::bevel(painter, sunk, knobRadius, dim(Bevel::modeIndicator));
+    const double x = sunk.center().x();
+    Paint::notch(painter, {x, sunk.top() + notchInset}, sunk.height() - 2 * notchInset,
+                 isEnabled() ? Palette::label : Palette::labelQuaternary);
+}
+
+} // namespace tolvar

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Motion/AnimatedValue.h"
+#include "Views/Shared/ControlContext.h"
+#include "Views/Shared/FocusRing.h"
+
+#include <QSlider>
+
+namespace tolvar {
+
+/// A fader for an amount between 0 and 1. While it is dragged it shows where the hand is and keeps
+/// its amount; letting go sets the amount once and ends the editing. Each step of the keyboard is
+/// an editing of its own.
+class InstrumentSlider final : public QSlider, public HasFocusRim {
+    Q_OBJECT
+
+public:
+    struct Style {
+        double knobWidth = 18;
+        double knobHeight = 22;
+        double grooveHeight = 6;
+        int preferredWidth = 160;
+    };
+
+    /// `name` is what it is called to those who do not see it.
+    InstrumentSlider(const ControlContext& context, const QString& name, const Style& style,
+                     QWidget* parent = nullptr);
+
+    double amount() const;
+    void setAmount(double amount);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    QRectF focusRim() const override { return knob(); }
+    double focusRadius() const override;
+
+Q_SIGNALS:
+    /// The user has chosen an amount, and it is set.
+    void editingEnded();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void dragTo(double x);
+    QRectF groove() const;
+    QRectF knob() const;
+    bool isMirrored() const { return layoutDirection() == Qt::RightToLeft; }
+
+    const Style m_style;
+    AnimatedValue m_press;
+};
+
+} // namespace tolvar

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Views/Theme/Bevel.h"
+
+#include <QFont>
+#include <QMarginsF>
+
+namespace tolvar {
+
+/// The look of a key. Lengths in points.
+struct KeyStyle {
+    Bevel bevel = Bevel::key;
+    Bevel latchedBevel = Bevel::latched;
+    double radius = 7;
+    QFont font;
+    QColor ink;
+    QColor latchedInk;
+    QColor disabledInk;
+    /// Around symbol and text.
+    QMarginsF padding{13, 12, 13, 12};
+    double symbolSize = 12;
+    /// Between symbol and text.
+    double spacing = 7;
+    /// Least height of what stands within the padding; 0 for its own.
+    double labelHeight = 0;
+    /// Whether the trackpad taps when it goes down.
+    bool taps = true;
+
+    /// An ordinary key of the panel.
+    static KeyStyle standard();
+    /// The amber key of the main action.
+    static KeyStyle primary();
+    /// A small key within a row of settings.
+    static KeyStyle inlineKey();
+    /// A small flat key for secondary actions: it lies in the panel and rises under the pointer.
+    static KeyStyle nudge();
+};
+
+} // namespace tolvar

@@ -1,0 +1,29 @@
+#include "Gallery/Gallery.h"
+
+#include "Gallery/Pages.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <memory>
+
+namespace tolvar::gallery {
+
+using namespace Qt::StringLiterals;
+
+Studio::Studio(const MotionSettings& settings)
+    : m_driver(m_frames, settings)
+    , m_feedback(m_preferences, m_haptics, m_sound) {}
+
+bool render(const QDir& folder) {
+    Studio studio({.isReduced = true});
+    bool isWritten = folder.mkpath(u"."_s);
+    for (const Page& page : pages()) {
+        const std::unique_ptr<QWidget> sheet(page.make(studio.context()));
+        sheet->resize(sheet->sizeHint());
+        isWritten &= sheet->grab().save(folder.filePath(page.name + u".png"_s));
+    }
+    return isWritten;
+}
+
+} // namespace tolvar::gallery

@@ -1,0 +1,29 @@
+#include "Gallery/Gallery.h"
+#include "Gallery/GalleryWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStyleFactory>
+
+using namespace Qt::StringLiterals;
+
+/// tolvar-gallery                  shows every control in every state
+/// tolvar-gallery --render FOLDER  draws them into PNGs
+int main(int argc, char** argv) {
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    const QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QCommandLineParser parser;
+    const QCommandLineOption render(u"render"_s, u"Draw every page into a PNG in the folder."_s,
+                                    u"folder"_s);
+    parser.addOption(render);
+    parser.addHelpOption();
+    parser.process(application);
+    if (parser.isSet(render))
+        return tolvar::gallery::render(QDir(parser.value(render))) ? 0 : 1;
+    tolvar::gallery::Studio studio({});
+    tolvar::gallery::GalleryWindow window(studio);
+    window.show();
+    return QApplication::exec();
+}
