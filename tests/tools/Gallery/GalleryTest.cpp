@@ -59,7 +59,7 @@ QImage differences(const QImage& wanted, const QImage& got) {
 QString keep(const QString& name, const QImage& wanted, const QImage& got, const QImage& marked) {
     const QDir folder(QStringLiteral(DIFFERENCES));
     folder.mkpath(u"."_s);
-    const QString file = folder.filePath(name);
+    QString file = folder.filePath(name);
     QImage all(wanted.width() + got.width() + marked.width(),
                std::max(wanted.height(), got.height()), QImage::Format_RGB32);
     all.fill(Qt::white);
