@@ -1,0 +1,63 @@
+#pragma once
+
+#include "Platform/Linux/Audio/AudioThread.h"
+
+#include <QObject>
+
+#include <chrono>
+#include <map>
+
+namespace tolvar {
+
+/// An audio device whose output is opened, used and closed on a thread of its own: a sound server
+/// that is slow or hangs never makes the interface wait. The thread begins with the first `start`.
+///
+/// The device counts as running from `start` on, while the output is still being opened. A sound
+/// asked for meanwhile is played once the output is open, if that takes no longer than
+/// `Patience::sound`, and dropped otherwise; one that is asked for repeatedly is heard once.
+class ThreadedAudioDevice final : public AudioDevice {
+public:
+    struct Patience {
+        /// How late a sound may come and still make sense.
+        AudioThread::Clock::duration sound = std::chrono::seconds(1);
+        /// How long the destructor waits for the output to close before it leaves the thread to
+        /// itself.
+        AudioThread::Clock::duration farewell = std::chrono::milliseconds(250);
+    };
+
+    /// `open` is called on the audio thread.
+    explicit ThreadedAudioDevice(AudioOutput::Open open);
+    ThreadedAudioDevice(AudioOutput::Open open, const Patience& patience);
+    ~ThreadedAudioDevice() override;
+
+    void start() override;
+    void stop() override;
+    bool isRunning() const override { return m_run != AudioThread::none; }
+    void setMainVolume(double volume) override;
+    /// Only formats of one or two channels and a rate of 1 to 192,000 frames per second.
+    Attached attachVoice(const AudioFormat& format) override;
+    Subscription observeConfigurationChanges(std::function<void()> changed) override;
+
+private:
+    class Voice;
+    using Observers = std::map<int, std::function<void()>>;
+
+    void receive(const AudioThread::Report& report);
+    void outputLost(const AudioThread::OutputLost& report);
+    void playFailed(const AudioThread::PlayFailed& report);
+
+    const AudioOutput::Open m_open;
+    const Patience m_patience;
+    std::shared_ptr<AudioThread> m_thread;
+    AudioThread::Run m_run = AudioThread::none;
+    AudioThread::Run m_lastRun = AudioThread::none;
+    float m_volume = 1;
+    VoiceNumber m_lastVoice = 0;
+    std::map<VoiceNumber, Voice*> m_voices;
+    int m_nextObserver = 0;
+    std::shared_ptr<Observers> m_observers;
+    /// What the thread posts its reports to; what has not arrived when it goes never does.
+    QObject m_mailbox;
+};
+
+} // namespace tolvar
