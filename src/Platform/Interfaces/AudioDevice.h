@@ -66,8 +66,8 @@ public:
 
     virtual ~AudioDevice() = default;
 
-    /// Starts the output, unless it runs. A failure is silent: the device does not run then. It may
-    /// show only after a while that the output cannot be had; observers are told.
+    /// Starts the output, unless it runs. A failure is silent: the device does not run then, which
+    /// may show only after a while, and nobody is told, so that nobody tries again at once.
     virtual void start() = 0;
     /// Cuts everything off and lets the output go.
     virtual void stop() = 0;
@@ -80,8 +80,8 @@ public:
     /// A voice for buffers of this format.
     [[nodiscard]] virtual Attached attachVoice(const AudioFormat& format) = 0;
 
-    /// Calls `changed` when the output went away by itself: it was unplugged, its server ended, it
-    /// could not be had. The device does not run then.
+    /// Calls `changed` when an output that was there went away by itself: it was unplugged, or its
+    /// server ended. The device does not run then.
     [[nodiscard]] virtual Subscription
     observeConfigurationChanges(std::function<void()> changed) = 0;
 };

@@ -108,7 +108,7 @@ void AudioThread::follow(Run run) {
     else if (!m_output)
         m_output = open();
     if (run != none && !m_output)
-        tell(OutputLost{run});
+        tell(OpenFailed{run});
     const std::lock_guard lock(m_mutex);
     m_isOpen = m_output != nullptr;
 }

@@ -25,7 +25,11 @@ public:
     using Run = int;
     static constexpr Run none = 0;
 
-    /// The output of this run is gone, or could not be opened.
+    /// The output of this run could not be opened.
+    struct OpenFailed {
+        Run run = none;
+    };
+    /// The output of this run is gone.
     struct OutputLost {
         Run run = none;
     };
@@ -35,7 +39,7 @@ public:
         std::shared_ptr<const AudioBuffer> buffer;
         AudioError error;
     };
-    using Report = std::variant<OutputLost, PlayFailed>;
+    using Report = std::variant<OpenFailed, OutputLost, PlayFailed>;
     /// Called on the audio thread; must return at once and not call back.
     using Tell = std::function<void(const Report&)>;
 

@@ -78,7 +78,9 @@ void ThreadedAudioDevice::start() {
     if (!m_thread) {
         const auto post = [this](const AudioThread::Report& report) {
             QMetaObject::invokeMethod(
-                &m_mailbox, [this, report] { receive(report); }, Qt::QueuedConnection);
+                &m_mailbox,
+                [this, report] { std::visit([this](const auto& each) { receive(each); }, report); },
+                Qt::QueuedConnection);
         };
         m_thread = AudioThread::begin(m_open, post, m_patience.sound);
         m_thread->setVolume(m_volume);
@@ -118,14 +120,12 @@ Subscription ThreadedAudioDevice::observeConfigurationChanges(std::function<void
     });
 }
 
-void ThreadedAudioDevice::receive(const AudioThread::Report& report) {
-    if (const auto* lost = std::get_if<AudioThread::OutputLost>(&report))
-        outputLost(*lost);
-    else
-        playFailed(std::get<AudioThread::PlayFailed>(report));
+void ThreadedAudioDevice::receive(const AudioThread::OpenFailed& report) {
+    if (report.run == m_run)
+        stop();
 }
 
-void ThreadedAudioDevice::outputLost(const AudioThread::OutputLost& report) {
+void ThreadedAudioDevice::receive(const AudioThread::OutputLost& report) {
     if (report.run != m_run)
         return;
     stop();
@@ -135,7 +135,7 @@ void ThreadedAudioDevice::outputLost(const AudioThread::OutputLost& report) {
             changed();
 }
 
-void ThreadedAudioDevice::playFailed(const AudioThread::PlayFailed& report) {
+void ThreadedAudioDevice::receive(const AudioThread::PlayFailed& report) {
     const auto voice = m_voices.find(report.voice);
     if (voice != m_voices.end())
         voice->second->fail(report);

@@ -42,9 +42,9 @@ private:
     class Voice;
     using Observers = std::map<int, std::function<void()>>;
 
-    void receive(const AudioThread::Report& report);
-    void outputLost(const AudioThread::OutputLost& report);
-    void playFailed(const AudioThread::PlayFailed& report);
+    void receive(const AudioThread::OpenFailed& report);
+    void receive(const AudioThread::OutputLost& report);
+    void receive(const AudioThread::PlayFailed& report);
 
     const AudioOutput::Open m_open;
     const Patience m_patience;

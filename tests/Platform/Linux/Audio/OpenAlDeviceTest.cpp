@@ -74,14 +74,11 @@ TEST(OpenAlDevice, IsSilentAndQuickWhereThereIsNoDriver) {
         testing::internal::CaptureStderr();
         const auto device = OpenAlDevice::create();
         const auto voice = voiceOf(*device);
-        int changes = 0;
-        const auto subscription = device->observeConfigurationChanges([&] { ++changes; });
         QElapsedTimer time;
         time.start();
         device->start();
         EXPECT_LT(time.elapsed(), 100);
-        EXPECT_TRUE(processEventsUntil([&] { return changes == 1; }));
-        EXPECT_FALSE(device->isRunning());
+        EXPECT_TRUE(processEventsUntil([&] { return !device->isRunning(); }));
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     });
 }
