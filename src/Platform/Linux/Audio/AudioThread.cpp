@@ -14,13 +14,13 @@ constexpr std::chrono::seconds connectionPoll{1};
 } // namespace
 
 std::shared_ptr<AudioThread> AudioThread::begin(AudioOutput::Open open, Tell tell,
-                                                Clock::duration patience) {
+                                                const AudioPatience& patience) {
     std::shared_ptr<AudioThread> self(new AudioThread(std::move(open), std::move(tell), patience));
     std::thread([self] { self->work(); }).detach();
     return self;
 }
 
-AudioThread::AudioThread(AudioOutput::Open open, Tell tell, Clock::duration patience)
+AudioThread::AudioThread(AudioOutput::Open open, Tell tell, const AudioPatience& patience)
     : m_open(std::move(open))
     , m_patience(patience)
     , m_tell(std::move(tell)) {}
@@ -56,13 +56,13 @@ void AudioThread::silence(VoiceNumber voice) {
     wake();
 }
 
-void AudioThread::end(Clock::duration patience) {
+void AudioThread::end() {
     std::unique_lock lock(m_mutex);
     m_tell = nullptr;
     m_tasks = {};
     m_mayEnd = true;
     wake();
-    m_ended.wait_for(lock, patience, [this] { return m_hasEnded; });
+    m_ended.wait_for(lock, m_patience.farewell, [this] { return m_hasEnded; });
 }
 
 void AudioThread::forgetPlays(VoiceNumber voice) {
@@ -106,20 +106,21 @@ void AudioThread::follow(Run run) {
     if (run == none)
         m_output.reset();
     else if (!m_output)
-        m_output = open();
-    if (run != none && !m_output)
-        tell(OpenFailed{run});
+        openOutput();
     const std::lock_guard lock(m_mutex);
     m_isOpen = m_output != nullptr;
 }
 
-std::unique_ptr<AudioOutput> AudioThread::open() {
-    return m_open([weak = weak_from_this()] {
+void AudioThread::openOutput() {
+    m_output = m_open([weak = weak_from_this()] {
         if (const auto self = weak.lock()) {
             const std::lock_guard lock(self->m_mutex);
             self->wake();
         }
     });
+    m_opened = Clock::now();
+    if (!m_output)
+        tell(OpenFailed{m_followed});
 }
 
 AudioThread::Tasks AudioThread::takeTasks() {
@@ -137,7 +138,7 @@ void AudioThread::carryOut(const Tasks& tasks) {
     m_output->setVolume(tasks.volume);
     const auto now = Clock::now();
     for (const Play& play : tasks.plays) {
-        if (now - play.asked > m_patience)
+        if (now - play.asked > m_patience.sound)
             continue;
         if (const auto error = m_output->play(play.voice, play.buffer))
             tell(PlayFailed{play.voice, play.buffer, *error});
@@ -152,7 +153,10 @@ void AudioThread::noticeLoss() {
         const std::lock_guard lock(m_mutex);
         m_isOpen = false;
     }
-    tell(OutputLost{m_followed});
+    if (Clock::now() - m_opened < m_patience.output)
+        tell(OpenFailed{m_followed});
+    else
+        tell(OutputLost{m_followed});
 }
 
 void AudioThread::tell(const Report& report) {

@@ -12,6 +12,19 @@
 
 namespace tolvar {
 
+/// How long things may take around an output of sound.
+struct AudioPatience {
+    using Duration = std::chrono::steady_clock::duration;
+
+    /// How late a sound may come and still make sense.
+    Duration sound = std::chrono::seconds(1);
+    /// An output that is lost sooner after it was opened counts as one that could not be opened, so
+    /// that one that is lost again and again is not opened again and again.
+    Duration output = std::chrono::seconds(1);
+    /// How long the end waits for the output to close before it leaves the thread to itself.
+    Duration farewell = std::chrono::milliseconds(250);
+};
+
 /// The thread that opens, uses and closes the output, so that nobody else ever waits for it. It
 /// follows the latest wishes: while an output is slow to open, a wish to close it and to open it
 /// again costs nothing.
@@ -43,22 +56,22 @@ public:
     /// Called on the audio thread; must return at once and not call back.
     using Tell = std::function<void(const Report&)>;
 
-    /// A sound that could not be begun within `patience` of being asked for is dropped.
     static std::shared_ptr<AudioThread> begin(AudioOutput::Open open, Tell tell,
-                                              Clock::duration patience);
+                                              const AudioPatience& patience);
 
     /// Wishes for an open output, or with `none` for a closed one. What was to be played is
     /// forgotten then.
     void setRun(Run run);
     void setVolume(float volume);
-    /// While the output is being opened, a sound that was asked for already is not repeated.
+    /// The sound is dropped if it cannot be begun within its patience. While the output is being
+    /// opened, a sound that was asked for already is not repeated.
     void play(VoiceNumber voice, std::shared_ptr<const AudioBuffer> buffer);
     void silence(VoiceNumber voice);
 
-    /// Closes the output and ends the thread, and waits for that for this long at most. Nothing is
-    /// told any more. A thread that hangs in the output is left to itself: it holds nothing but
-    /// what it owns, and ends when it wakes.
-    void end(Clock::duration patience);
+    /// Closes the output and ends the thread, and waits for that, but not for long. Nothing is told
+    /// any more. A thread that hangs in the output is left to itself: it holds nothing but what it
+    /// owns, and ends when it wakes.
+    void end();
 
 private:
     struct Play {
@@ -72,14 +85,14 @@ private:
         std::vector<Play> plays;
     };
 
-    AudioThread(AudioOutput::Open open, Tell tell, Clock::duration patience);
+    AudioThread(AudioOutput::Open open, Tell tell, const AudioPatience& patience);
 
     // Of the audio thread.
     void work();
     /// Waits for something to do; the wish of the moment, or nothing when the thread is to end.
     std::optional<Run> awaitWish();
     void follow(Run run);
-    std::unique_ptr<AudioOutput> open();
+    void openOutput();
     /// What is to be done in the run that was followed; a later one's tasks stay for its output.
     Tasks takeTasks();
     void carryOut(const Tasks& tasks);
@@ -91,10 +104,11 @@ private:
     void wake();
 
     const AudioOutput::Open m_open;
-    const Clock::duration m_patience;
+    const AudioPatience m_patience;
 
     // Of the audio thread.
     std::unique_ptr<AudioOutput> m_output;
+    Clock::time_point m_opened;
     /// The run that was followed last.
     Run m_followed = none;
 

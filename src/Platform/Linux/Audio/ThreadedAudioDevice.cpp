@@ -59,17 +59,14 @@ private:
     Failed m_failed;
 };
 
-ThreadedAudioDevice::ThreadedAudioDevice(AudioOutput::Open open)
-    : ThreadedAudioDevice(std::move(open), Patience{}) {}
-
-ThreadedAudioDevice::ThreadedAudioDevice(AudioOutput::Open open, const Patience& patience)
+ThreadedAudioDevice::ThreadedAudioDevice(AudioOutput::Open open, const AudioPatience& patience)
     : m_open(std::move(open))
     , m_patience(patience)
     , m_observers(std::make_shared<Observers>()) {}
 
 ThreadedAudioDevice::~ThreadedAudioDevice() {
     if (m_thread)
-        m_thread->end(m_patience.farewell);
+        m_thread->end();
 }
 
 void ThreadedAudioDevice::start() {
@@ -82,7 +79,7 @@ void ThreadedAudioDevice::start() {
                 [this, report] { std::visit([this](const auto& each) { receive(each); }, report); },
                 Qt::QueuedConnection);
         };
-        m_thread = AudioThread::begin(m_open, post, m_patience.sound);
+        m_thread = AudioThread::begin(m_open, post, m_patience);
         m_thread->setVolume(m_volume);
     }
     m_run = ++m_lastRun;

@@ -4,7 +4,6 @@
 
 #include <QObject>
 
-#include <chrono>
 #include <map>
 
 namespace tolvar {
@@ -14,20 +13,11 @@ namespace tolvar {
 ///
 /// The device counts as running from `start` on, while the output is still being opened. A sound
 /// asked for meanwhile is played once the output is open, if that takes no longer than
-/// `Patience::sound`, and dropped otherwise; one that is asked for repeatedly is heard once.
+/// `AudioPatience::sound`, and dropped otherwise; one that is asked for repeatedly is heard once.
 class ThreadedAudioDevice final : public AudioDevice {
 public:
-    struct Patience {
-        /// How late a sound may come and still make sense.
-        AudioThread::Clock::duration sound = std::chrono::seconds(1);
-        /// How long the destructor waits for the output to close before it leaves the thread to
-        /// itself.
-        AudioThread::Clock::duration farewell = std::chrono::milliseconds(250);
-    };
-
     /// `open` is called on the audio thread.
-    explicit ThreadedAudioDevice(AudioOutput::Open open);
-    ThreadedAudioDevice(AudioOutput::Open open, const Patience& patience);
+    explicit ThreadedAudioDevice(AudioOutput::Open open, const AudioPatience& patience = {});
     ~ThreadedAudioDevice() override;
 
     void start() override;
@@ -47,7 +37,7 @@ private:
     void receive(const AudioThread::PlayFailed& report);
 
     const AudioOutput::Open m_open;
-    const Patience m_patience;
+    const AudioPatience m_patience;
     std::shared_ptr<AudioThread> m_thread;
     AudioThread::Run m_run = AudioThread::none;
     AudioThread::Run m_lastRun = AudioThread::none;

@@ -18,7 +18,7 @@ using test::FakeOutputs;
 using test::Texts;
 
 constexpr AudioFormat stereo{.sampleRate = 48000, .channels = 2};
-constexpr ThreadedAudioDevice::Patience endless{.sound = 1h, .farewell = 1h};
+constexpr AudioPatience endless{.sound = 1h, .output = 0h, .farewell = 1h};
 
 std::shared_ptr<const AudioBuffer> anySound() {
     return std::make_shared<AudioBuffer>(test::level(0.5F, 10, stereo));
@@ -28,7 +28,7 @@ void ignore(const AudioError&) {}
 
 class ThreadedAudioDeviceTest : public testing::Test {
 protected:
-    void make(const ThreadedAudioDevice::Patience& patience) {
+    void make(const AudioPatience& patience) {
         device = std::make_unique<ThreadedAudioDevice>(outputs.opener(), patience);
         subscription = device->observeConfigurationChanges([this] { ++changes; });
     }
@@ -114,7 +114,7 @@ TEST_F(ThreadedAudioDeviceTest, SilencesAVoiceThatIsStoppedOrGone) {
 }
 
 TEST_F(ThreadedAudioDeviceTest, NeverMakesTheCallerWaitForAnOutputThatHangs) {
-    make({.sound = 1h, .farewell = 0ms});
+    make({.sound = 1h, .output = 0h, .farewell = 0ms});
     outputs.holdOpening();
     QElapsedTimer time;
     time.start();
@@ -163,7 +163,7 @@ TEST_F(ThreadedAudioDeviceTest, PlaysASoundOnceThatWasAskedForRepeatedlyWhileThe
 }
 
 TEST_F(ThreadedAudioDeviceTest, DropsASoundThatTheOutputOpensTooLateFor) {
-    make({.sound = -1ms, .farewell = 1h});
+    make({.sound = -1ms, .output = 0h, .farewell = 1h});
     auto player = voice();
     device->start();
     play(*player);
@@ -221,6 +221,15 @@ TEST_F(ThreadedAudioDeviceTest, TellsWhenTheOutputIsUnpluggedAndCanBeStartedAgai
     device->start();
     play(*player);
     EXPECT_EQ(outputs.until(u"play 1"_s), (Texts{u"open"_s, u"play 1"_s}));
+}
+
+TEST_F(ThreadedAudioDeviceTest, TellsNobodyOfAnOutputThatIsLostAsSoonAsItIsOpen) {
+    make({.sound = 1h, .output = 1h, .farewell = 1h});
+    outputs.disconnect(FakeOutputs::Notice::untold);
+    device->start();
+    processEventsUntil([&] { return !device->isRunning(); });
+    EXPECT_EQ(outputs.until(u"close"_s), (Texts{u"open"_s, u"close"_s}));
+    EXPECT_EQ(changes, 0);
 }
 
 TEST_F(ThreadedAudioDeviceTest, NoticesAnUnpluggedOutputThatDoesNotTell) {
