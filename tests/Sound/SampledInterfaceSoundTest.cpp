@@ -214,6 +214,7 @@ TEST_F(SampledInterfaceSoundTest, CallsOffTheStopWhenItIsHeldAgainInTime) {
     sound->play(Sound::keyDown);
     clock.advance(2);
     const auto hold = sound->stayAwake();
+    EXPECT_EQ(clock.runningTimers(), 0u);
     clock.advance(60);
     EXPECT_TRUE(device.isRunning());
 }

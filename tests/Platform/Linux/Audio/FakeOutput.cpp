@@ -14,7 +14,11 @@ class FakeOutputs::Output final : public AudioOutput {
 public:
     explicit Output(FakeOutputs& outputs)
         : m_outputs(outputs) {}
-    ~Output() override { m_outputs.record(u"close"_s); }
+    ~Output() override {
+        m_outputs.record(u"close"_s);
+        std::unique_lock lock(m_outputs.m_mutex);
+        m_outputs.m_changed.wait(lock, [this] { return !m_outputs.m_isClosingHeld; });
+    }
 
     bool isConnected() const override {
         const std::lock_guard lock(m_outputs.m_mutex);
@@ -41,8 +45,8 @@ AudioOutput::Open FakeOutputs::opener() {
     return [this](AudioOutput::Lost lost) -> std::unique_ptr<AudioOutput> {
         record(u"open"_s);
         std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [this] { return !m_isHeld; });
-        if (!m_opens)
+        m_changed.wait(lock, [this] { return !m_isOpeningHeld; });
+        if (!std::exchange(m_opens, true))
             return nullptr;
         m_lost = std::move(lost);
         return std::make_unique<Output>(*this);
@@ -51,12 +55,23 @@ AudioOutput::Open FakeOutputs::opener() {
 
 void FakeOutputs::holdOpening() {
     const std::lock_guard lock(m_mutex);
-    m_isHeld = true;
+    m_isOpeningHeld = true;
 }
 
 void FakeOutputs::letOpen() {
     const std::lock_guard lock(m_mutex);
-    m_isHeld = false;
+    m_isOpeningHeld = false;
+    m_changed.notify_all();
+}
+
+void FakeOutputs::holdClosing() {
+    const std::lock_guard lock(m_mutex);
+    m_isClosingHeld = true;
+}
+
+void FakeOutputs::letClose() {
+    const std::lock_guard lock(m_mutex);
+    m_isClosingHeld = false;
     m_changed.notify_all();
 }
 
@@ -68,6 +83,11 @@ void FakeOutputs::refuseOpening() {
 void FakeOutputs::refusePlaying() {
     const std::lock_guard lock(m_mutex);
     m_plays = false;
+}
+
+void FakeOutputs::allowPlaying() {
+    const std::lock_guard lock(m_mutex);
+    m_plays = true;
 }
 
 void FakeOutputs::disconnect(Notice notice) {

@@ -16,13 +16,16 @@ class FakeOutputs {
 public:
     AudioOutput::Open opener();
 
-    /// Opening waits until `letOpen`.
+    /// Opening waits until `letOpen`, closing until `letClose`.
     void holdOpening();
     void letOpen();
-    /// Opening fails from now on.
+    void holdClosing();
+    void letClose();
+    /// The next opening fails.
     void refuseOpening();
-    /// Playing fails from now on.
+    /// Playing fails until `allowPlaying`.
     void refusePlaying();
+    void allowPlaying();
     /// Outputs are not connected any more; the open one tells of it, or leaves it to be noticed.
     enum class Notice { told, untold };
     void disconnect(Notice notice);
@@ -43,7 +46,8 @@ private:
     std::condition_variable m_changed;
     Texts m_lines;
     AudioOutput::Lost m_lost;
-    bool m_isHeld = false;
+    bool m_isOpeningHeld = false;
+    bool m_isClosingHeld = false;
     bool m_opens = true;
     bool m_plays = true;
     bool m_isConnected = true;
