@@ -20,7 +20,7 @@ constexpr const char* logLevelVariable = "ALSOFT_LOGLEVEL";
 constexpr std::string_view configuration = "[general]\n"
                                            "period_size = 256\n"
                                            "periods = 2\n"
-                                           "drivers = -null,-wave,\n";
+                                           "drivers = -null,-wave,pulse,\n";
 
 /// The descriptor stays open, as OpenAL reads the file whenever it is first used. -1 on failure.
 int fileInMemory(std::string_view text) {

@@ -27,9 +27,10 @@ private:
 
 /// The limiter would hide how much was mixed.
 void LoopbackDevice::start() {
-    const ALCint attributes[] = {ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT,
-                                 ALC_FLOAT_SOFT,           ALC_FREQUENCY,   48000,
-                                 ALC_OUTPUT_LIMITER_SOFT,  ALC_FALSE,       0};
+    constexpr ALCint attributes[] = {
+        ALC_FORMAT_CHANNELS_SOFT, ALC_STEREO_SOFT, ALC_FORMAT_TYPE_SOFT,
+        ALC_FLOAT_SOFT,           ALC_FREQUENCY,   48000,
+        ALC_OUTPUT_LIMITER_SOFT,  ALC_FALSE,       0};
     if (m_output)
         return;
     m_device = alcLoopbackOpenDeviceSOFT(nullptr);
@@ -42,12 +43,6 @@ void LoopbackDevice::setMainVolume(double volume) {
 
 AudioDevice::Attached LoopbackDevice::attachVoice(const AudioFormat&) {
     return std::make_unique<Voice>(*this, ++m_lastVoice);
-}
-
-bool LoopbackDevice::simulatesRoom() const {
-    ALCint simulates = ALC_FALSE;
-    alcGetIntegerv(m_device, ALC_HRTF_SOFT, 1, &simulates);
-    return simulates == ALC_TRUE;
 }
 
 std::vector<LoopbackDevice::Frame> LoopbackDevice::render(std::size_t frames) {

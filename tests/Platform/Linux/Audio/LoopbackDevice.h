@@ -10,12 +10,6 @@ namespace tolvar::test {
 /// and always the same, at 48,000 stereo frames per second.
 class LoopbackDevice final : public AudioDevice {
 public:
-    /// What OpenAL is told of the listener's ears.
-    enum class Listener { loudspeakers, simulatedRoom };
-
-    explicit LoopbackDevice(Listener listener = Listener::loudspeakers)
-        : m_listener(listener) {}
-
     void start() override;
     void stop() override { m_output.reset(); }
     bool isRunning() const override { return m_output != nullptr; }
@@ -29,15 +23,12 @@ public:
 
         bool operator==(const Frame&) const = default;
     };
-    /// Whether OpenAL simulates a room around the listener (HRTF).
-    bool simulatesRoom() const;
     /// Lets this many frames be heard; silence when it does not run.
     std::vector<Frame> render(std::size_t frames);
 
 private:
     class Voice;
 
-    Listener m_listener;
     ALCdevice* m_device = nullptr;
     std::unique_ptr<OpenAlOutput> m_output;
     VoiceNumber m_lastVoice = 0;

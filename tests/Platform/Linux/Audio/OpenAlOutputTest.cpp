@@ -181,22 +181,6 @@ TEST_F(HeardInterfaceSound, LeavesNothingBehindHoweverManyAreHeard) {
     EXPECT_NEAR(level(), 0.4F, 1e-4F);
 }
 
-TEST(OpenAlOutput, GoesStraightToTheEarsThoughOpenAlSimulatesARoom) {
-    test::LoopbackDevice device(test::LoopbackDevice::Listener::simulatedRoom);
-    device.start();
-    ASSERT_TRUE(device.simulatesRoom());
-    auto attached = device.attachVoice(stereo);
-    auto left = std::make_shared<AudioBuffer>(test::level(0, 4800, stereo));
-    for (std::size_t i = 0; i < left->samples.size(); i += 2)
-        left->samples[i] = 0.5F;
-    EXPECT_EQ(std::get<std::unique_ptr<AudioVoice>>(attached)->schedule(left, nullptr),
-              std::nullopt);
-    device.render(4 * period);
-    const auto frame = device.render(1).front();
-    EXPECT_NEAR(frame.left, 0.5F, 1e-4F);
-    EXPECT_NEAR(frame.right, 0, 1e-4F);
-}
-
 TEST(OpenAlOutput, SaysWhyItCannotPlay) {
     test::LoopbackDevice device;
     device.start();
