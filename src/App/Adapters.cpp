@@ -1,6 +1,8 @@
 #include "App/Adapters.h"
 
 #include "Platform/Common/SqlitePreferences.h"
+#include "Platform/Linux/Audio/OpenAlDevice.h"
+#include "Platform/Linux/Audio/WaveFileReader.h"
 #include "Platform/Linux/Desktop/DesktopEntries.h"
 #include "Platform/Linux/Desktop/XdgInstalledApplications.h"
 #include "Platform/Linux/Journal/JournalLog.h"
@@ -34,6 +36,14 @@ std::unique_ptr<Workspace> Adapters::workspace(SystemLog& log) {
 
 std::unique_ptr<InstalledApplications> Adapters::installedApplications() {
     return std::make_unique<XdgInstalledApplications>(DesktopEntries::ofThisDesktop());
+}
+
+std::unique_ptr<AudioDevice> Adapters::audioDevice() {
+    return OpenAlDevice::create();
+}
+
+std::unique_ptr<AudioFileReader> Adapters::audioFileReader() {
+    return std::make_unique<WaveFileReader>();
 }
 
 } // namespace tolvar

@@ -6,6 +6,8 @@
 
 namespace tolvar {
 
+class AudioDevice;
+class AudioFileReader;
 class InstalledApplications;
 class Preferences;
 class SystemLog;
@@ -22,6 +24,9 @@ std::unique_ptr<SystemLog> systemLog();
 std::unique_ptr<Preferences> preferences(SystemLog& log, TimerService& timers);
 std::unique_ptr<Workspace> workspace(SystemLog& log);
 std::unique_ptr<InstalledApplications> installedApplications();
+/// Opens nothing before it is started. To be called on the main thread.
+std::unique_ptr<AudioDevice> audioDevice();
+std::unique_ptr<AudioFileReader> audioFileReader();
 
 } // namespace Adapters
 } // namespace tolvar

@@ -24,6 +24,14 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
     , m_preferences(preferencesWithDefaults(Adapters::preferences(*m_log, m_timers)))
     , m_workspace(Adapters::workspace(*m_log))
     , m_installed(Adapters::installedApplications())
+    , m_audioDevice(Adapters::audioDevice())
+    , m_audioFiles(Adapters::audioFileReader())
+    , m_sound({.device = *m_audioDevice,
+               .reader = *m_audioFiles,
+               .preferences = *m_preferences,
+               .timers = m_timers,
+               .log = *m_log,
+               .resourcesPath = bundle.resourcesPath})
     , m_notifications(bus, {.name = bundle.name, .desktopEntry = bundle.identifier})
     , m_updater(m_updateSource)
     , m_categories(*m_preferences)

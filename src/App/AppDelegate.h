@@ -5,6 +5,8 @@
 #include "Models/FocusManager.h"
 #include "Platform/Common/QtTimerService.h"
 #include "Platform/Common/SystemClock.h"
+#include "Platform/Interfaces/AudioDevice.h"
+#include "Platform/Interfaces/AudioFileReader.h"
 #include "Platform/Interfaces/BundleInfo.h"
 #include "Platform/Interfaces/InstalledApplications.h"
 #include "Platform/Interfaces/SystemLog.h"
@@ -14,7 +16,7 @@
 #include "Platform/Null/NullHapticPerformer.h"
 #include "Platform/Null/NullUpdateSource.h"
 #include "Services/Updater.h"
-#include "Sound/InterfaceSound.h"
+#include "Sound/SampledInterfaceSound.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -50,7 +52,9 @@ private:
     NullBrowserChannel m_browsers;
     NullBlockAlert m_alert;
     NullHapticPerformer m_haptics;
-    SilentInterfaceSound m_sound;
+    std::unique_ptr<AudioDevice> m_audioDevice;
+    std::unique_ptr<AudioFileReader> m_audioFiles;
+    SampledInterfaceSound m_sound;
     FreedesktopNotificationCenter m_notifications;
     NullUpdateSource m_updateSource;
     Updater m_updater;

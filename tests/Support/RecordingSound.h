@@ -16,12 +16,18 @@ public:
 
     /// The samples that are there; none at first.
     std::set<Sound> loaded;
+    /// How many holds live.
+    int holds = 0;
 
     void play(Sound sound, Preview preview) override {
         m_journal.record(QStringLiteral("play ") + name(sound) +
                          (preview == Preview::yes ? QStringLiteral(", preview") : QString()));
     }
     bool isLoaded(Sound sound) const override { return loaded.contains(sound); }
+    Hold stayAwake() override {
+        ++holds;
+        return Hold([this] { --holds; });
+    }
 
 private:
     static QString name(Sound sound) {
