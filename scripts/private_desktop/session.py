@@ -60,6 +60,7 @@ FOREIGN_VARIABLES = (
     "XDG_CURRENT_DESKTOP", "XDG_SESSION_ID", "XDG_SESSION_DESKTOP", "XDG_ACTIVATION_TOKEN",
     "GIO_LAUNCHED_DESKTOP_FILE", "GIO_LAUNCHED_DESKTOP_FILE_PID", "DBUS_STARTER_ADDRESS",
     "DBUS_STARTER_BUS_TYPE", "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME", "I3SOCK", "SWAYSOCK",
+    "PULSE_SERVER",
 )
 
 
@@ -84,6 +85,8 @@ def private_environment(root: Path, window_manager: str) -> dict[str, str]:
         "GSETTINGS_BACKEND": "memory",
         "GTK_USE_PORTAL": "0",
         "NO_AT_BRIDGE": "1",
+        # Nobody listens there, whatever the machine could play on.
+        "ALSOFT_DRIVERS": "null",
         "TOLVAR_DESKTOP_WM": window_manager,
     }
     if "UTF-8" not in (os.environ.get("LC_ALL") or os.environ.get("LANG", "")).upper():
