@@ -251,15 +251,15 @@ void X11Workspace::Session::stopWatching() {
     m_connection->flush();
 }
 
-/// Windows that are hidden or about to be are watched for being shown, and those without a class
-/// for getting one.
+/// Windows that are hidden or about to be are watched for being shown, those without a class for
+/// getting one, and the one in front for turning out to be of another application.
 Desk X11Workspace::Session::lookAndWatch() {
     for (;;) {
         Desk desk = m_reader.look();
         std::set<WindowId> wanted;
         for (const DeskWindow& window : desk.windows)
             if (window.isHidden || m_tracker.expectedHidden().contains(window.facts.id) ||
-                window.facts.wmClass.className.isEmpty())
+                window.facts.wmClass.className.isEmpty() || window.facts.id == desk.activeWindow)
                 wanted.insert(window.facts.id);
         if (!m_watch.watchOnly(wanted))
             return desk;

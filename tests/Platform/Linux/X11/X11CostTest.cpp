@@ -85,7 +85,9 @@ TEST_F(X11CostTest, IsNotWokenByWindowsWithoutASubscription) {
 
 TEST_F(X11CostTest, IsNotWokenByTitlesOfShownWindowsWhileItObserves) {
     ClientProcess client;
+    ClientProcess writing;
     const auto window = desktop.open(client, chat);
+    desktop.openActive(writing, editor);
     const Reports reports(*workspace);
     const int whileShown = wakeUpsByTitles(window);
     EXPECT_LE(whileShown, 5);

@@ -99,6 +99,16 @@ TEST_F(X11WorkspaceTest, ReportsAnApplicationThatSaysWhoItIsOnlyAfterItsWindowOp
     EXPECT_TRUE(desktop.waitUntil([&] { return reports.contain(u"launched Chatter"_s); }));
 }
 
+TEST_F(X11WorkspaceTest, ReportsAWindowInFrontThatTurnsOutToBeOfAnotherApplication) {
+    ClientProcess client;
+    const auto window = desktop.openActive(client, editor);
+    const Reports reports(*workspace);
+    ASSERT_EQ(workspace->frontmostApplication()->localizedName, u"Writer"_s);
+    desktop.present(window, chat);
+    EXPECT_TRUE(desktop.waitUntil([&] { return reports.contain(u"launched Chatter"_s); }));
+    EXPECT_EQ(workspace->frontmostApplication()->localizedName, u"Chatter"_s);
+}
+
 TEST_F(X11WorkspaceTest, ReportsAnApplicationThatTakesTheFocus) {
     ClientProcess chatting;
     ClientProcess writing;
