@@ -1,6 +1,7 @@
 #include "Gallery/Gallery.h"
 
 #include "Gallery/Pages.h"
+#include "Models/AppSettings.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -13,7 +14,9 @@ using namespace Qt::StringLiterals;
 
 Studio::Studio(const MotionSettings& settings)
     : m_driver(m_frames, settings)
-    , m_feedback(m_preferences, m_haptics, m_sound) {}
+    , m_feedback(m_preferences, m_haptics, m_sound) {
+    m_preferences.registerDefaults(AppSettings::defaults());
+}
 
 bool render(const QDir& folder) {
     Studio studio({.isReduced = true});

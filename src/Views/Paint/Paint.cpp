@@ -19,7 +19,7 @@ constexpr double hoverLift = 0.055;
 constexpr double ringWidth = 1;
 /// Letters gain weight when they are set as light on dark; outlines get it from a pen. Points.
 constexpr double outlineWeight = 0.3;
-/// How far out a shadow of a given radius can be seen, and how fast it fades.
+/// Pieces of the glow's fall.
 constexpr int glowSteps = 8;
 
 QLinearGradient faceGradient(const QRectF& rect, const Bevel& bevel) {
@@ -104,12 +104,10 @@ void hover(QPainter& painter, const QRectF& rect, double radius, const Bevel& be
     fillRounded(painter, face, radius, breath);
 }
 
-void focusRing(QPainter& painter, const QRectF& rim, double radius, double outset, double amount) {
-    if (amount <= 0)
-        return;
+void focusRing(QPainter& painter, const QRectF& rim, double radius, double outset) {
     const double gap = wholePixels(painter, outset);
     outline(painter, onPixels(painter, rim).adjusted(-gap, -gap, gap, gap), radius + outset,
-            faded(Instrument::Palette::amber, amount), ringWidth);
+            Instrument::Palette::amber, ringWidth);
 }
 
 void ruleBelow(QPainter& painter, const QRectF& rect, const QColor& color) {

@@ -36,8 +36,7 @@ void bevel(QPainter& painter, const QRectF& rect, double radius, const Bevel& be
 /// The breath of light on a face under the pointer; `amount` 0 to 1.
 void hover(QPainter& painter, const QRectF& rect, double radius, const Bevel& bevel, double amount);
 /// The amber hairline just outside the rim of what has the keyboard, `outset` from it.
-void focusRing(QPainter& painter, const QRectF& rim, double radius, double outset,
-               double amount = 1);
+void focusRing(QPainter& painter, const QRectF& rim, double radius, double outset);
 /// A horizontal line of one point at the bottom of the rectangle.
 void ruleBelow(QPainter& painter, const QRectF& rect, const QColor& color);
 /// A line inside the edge of a rounded rectangle, one device-pixel crisp.

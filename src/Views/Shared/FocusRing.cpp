@@ -6,6 +6,7 @@
 #include <QFocusEvent>
 
 #include <cmath>
+#include <optional>
 
 namespace tolvar {
 
@@ -15,9 +16,19 @@ namespace {
 constexpr int margin = 2;
 constexpr double plainRadius = 4;
 
-bool isByKeyboard(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::ShortcutFocusReason;
+/// Whether the user came there by the keyboard; nothing when the window itself, or a menu of it,
+/// gave back the focus that was there before.
+std::optional<bool> isByKeyboard(Qt::FocusReason reason) {
+    switch (reason) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        return true;
+    case Qt::MouseFocusReason:
+        return false;
+    default:
+        return std::nullopt;
+    }
 }
 
 QRectF rimOf(const QWidget& control) {
@@ -42,41 +53,65 @@ FocusRing::FocusRing(QWidget& window)
             [this](QWidget*, QWidget* control) { follow(control); });
 }
 
-/// The reason for a change of focus is told to the widget alone.
 bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn)
-        m_cameByKeyboard = isByKeyboard(static_cast<QFocusEvent*>(event)->reason());
-    else if (event->type() == QEvent::MouseButtonPress)
-        m_cameByKeyboard = false;
-    else if (watched == m_control &&
-             (event->type() == QEvent::Move || event->type() == QEvent::Resize ||
-              event->type() == QEvent::Hide || event->type() == QEvent::Show))
-        place();
-    else
-        return false;
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress)
-        place();
+    if (watched->isWidgetType() && watched != this)
+        takeNoteOf(*static_cast<QWidget*>(watched), *event);
     return false;
 }
 
+/// The reason for a change of focus is told to the widget alone. A rim moves with its control, with
+/// whatever that stands in, and within the control, which then paints itself.
+void FocusRing::takeNoteOf(const QWidget& widget, const QEvent& event) {
+    const bool isControl = &widget == m_control;
+    switch (event.type()) {
+    case QEvent::FocusIn:
+        if (isOfWindow(widget))
+            m_cameByKeyboard = isByKeyboard(static_cast<const QFocusEvent&>(event).reason())
+                                   .value_or(m_cameByKeyboard);
+        break;
+    case QEvent::MouseButtonPress:
+        if (isOfWindow(widget))
+            m_cameByKeyboard = false;
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Hide:
+        if (!m_control || (!isControl && !widget.isAncestorOf(m_control)))
+            return;
+        break;
+    case QEvent::Paint:
+        if (!isControl)
+            return;
+        break;
+    default:
+        return;
+    }
+    place();
+}
+
+bool FocusRing::isOfWindow(const QWidget& widget) const {
+    return parentWidget()->isAncestorOf(&widget);
+}
+
 void FocusRing::follow(QWidget* control) {
-    const bool isOurs = control && parentWidget()->isAncestorOf(control);
-    m_control = isOurs ? control : nullptr;
+    m_control = control && isOfWindow(*control) ? control : nullptr;
     place();
 }
 
 void FocusRing::place() {
-    if (!m_control || !m_cameByKeyboard || !m_control->isVisible()) {
+    const QRect rim = m_control ? rimOf(*m_control).toAlignedRect() : QRect();
+    if (!m_cameByKeyboard || rim.isEmpty() || m_control->visibleRegion().isEmpty()) {
         hide();
         return;
     }
     const int around = static_cast<int>(std::ceil(outset)) + margin;
-    const QRect rim = rimOf(*m_control).toAlignedRect();
     const QPoint origin = m_control->mapTo(parentWidget(), rim.topLeft());
     setGeometry(QRect(origin, rim.size()).adjusted(-around, -around, around, around));
+    if (isVisible())
+        return;
     raise();
     show();
-    update();
 }
 
 void FocusRing::paintEvent(QPaintEvent*) {

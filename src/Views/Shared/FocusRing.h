@@ -6,7 +6,7 @@
 namespace tolvar {
 
 /// What a control says about the rim that the keyboard's ring is drawn around. Controls without it
-/// get a ring around their rectangle.
+/// get a ring around their rectangle; those with an empty rim get none.
 class HasFocusRim {
 public:
     virtual ~HasFocusRim() = default;
@@ -34,6 +34,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void takeNoteOf(const QWidget& widget, const QEvent& event);
+    bool isOfWindow(const QWidget& widget) const;
     void follow(QWidget* control);
     void place();
 

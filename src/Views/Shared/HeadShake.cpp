@@ -33,10 +33,24 @@ HeadShake::HeadShake(AnimationDriver& driver, QWidget& widget)
     : m_widget(widget)
     , m_player(driver, {shake()}, [this] { place(); }) {}
 
+HeadShake::~HeadShake() {
+    moveAside(0);
+}
+
 void HeadShake::place() {
-    const int offset = static_cast<int>(std::lround(m_player.value()));
-    m_widget.move(m_widget.x() + offset - m_offset, m_widget.y());
+    if (m_widget.isVisible() || !m_player.isPlaying())
+        moveAside(static_cast<int>(std::lround(m_player.value())));
+    else
+        m_player.finish();
+}
+
+/// Where its layout has moved it meanwhile, it shakes there.
+void HeadShake::moveAside(int offset) {
+    const bool isOurs = m_offset != 0 && m_widget.x() == m_placedAt;
+    const int home = m_widget.x() - (isOurs ? m_offset : 0);
     m_offset = offset;
+    m_placedAt = home + offset;
+    m_widget.move(m_placedAt, m_widget.y());
 }
 
 } // namespace tolvar

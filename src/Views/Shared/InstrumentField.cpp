@@ -9,6 +9,7 @@ namespace {
 
 namespace Palette = Instrument::Palette;
 
+constexpr double focusStrength = 0.6;
 const Eased focusChange{0.15, Easing::easeOut()};
 
 QPalette inks() {
@@ -44,6 +45,10 @@ QSize InstrumentField::sizeHint() const {
     return {QLineEdit::sizeHint().width(), height};
 }
 
+QSize InstrumentField::minimumSizeHint() const {
+    return {QLineEdit::minimumSizeHint().width(), sizeHint().height()};
+}
+
 void InstrumentField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     m_focus.animateTo(1, focusChange);
@@ -65,8 +70,8 @@ void InstrumentField::paintEvent(QPaintEvent* event) {
         const QRectF face(rect());
         Paint::bevel(painter, face, m_style.radius,
                      isEnabled() ? Bevel::field : Bevel::field.flattened());
-        QColor rim = Palette::amberRim;
-        rim.setAlphaF(static_cast<float>(m_focus.value()));
+        QColor rim = Palette::amber;
+        rim.setAlphaF(static_cast<float>(focusStrength * m_focus.value()));
         Paint::outline(painter, face, m_style.radius, rim);
     }
     QLineEdit::paintEvent(event);

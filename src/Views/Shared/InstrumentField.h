@@ -2,13 +2,14 @@
 
 #include "Motion/AnimatedValue.h"
 #include "Views/Shared/ControlContext.h"
+#include "Views/Shared/FocusRing.h"
 
 #include <QLineEdit>
 
 namespace tolvar {
 
 /// A line to write on, sunk into the panel. It says by a warm rim that it has the keyboard.
-class InstrumentField final : public QLineEdit {
+class InstrumentField final : public QLineEdit, public HasFocusRim {
     Q_OBJECT
 
 public:
@@ -23,6 +24,10 @@ public:
                     QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    /// None: its own rim says it, also to those who came by the mouse.
+    QRectF focusRim() const override { return {}; }
+    double focusRadius() const override { return m_style.radius; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -4,6 +4,7 @@
 #include "Views/Theme/Instrument.h"
 
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <cmath>
@@ -33,6 +34,10 @@ InstrumentSlider::InstrumentSlider(const ControlContext& context, const QString&
     setPageStep(2 * keyStep);
     setTracking(false);
     setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QSlider::valueChanged, this, [this] {
+        if (!m_isProgramSetting)
+            Q_EMIT editingEnded();
+    });
 }
 
 double InstrumentSlider::amount() const {
@@ -40,6 +45,7 @@ double InstrumentSlider::amount() const {
 }
 
 void InstrumentSlider::setAmount(double amount) {
+    const QScopedValueRollback setting(m_isProgramSetting, true);
     setValue(static_cast<int>(std::lround(std::clamp(amount, 0.0, 1.0) * steps)));
 }
 
@@ -91,22 +97,47 @@ void InstrumentSlider::mouseMoveEvent(QMouseEvent* event) {
 void InstrumentSlider::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !isSliderDown())
         return event->ignore();
+    endDrag();
+}
+
+/// A hand that comes back to where it began has chosen too.
+void InstrumentSlider::endDrag() {
+    const int before = value();
     m_press.animateTo(0, Instrument::Motion::keyUp);
     setSliderDown(false);
-    Q_EMIT editingEnded();
+    if (value() == before)
+        Q_EMIT editingEnded();
+}
+
+void InstrumentSlider::cancelDrag() {
+    m_press.jumpTo(0);
+    if (!isSliderDown())
+        return;
+    setSliderPosition(value());
+    setSliderDown(false);
 }
 
 void InstrumentSlider::keyPressEvent(QKeyEvent* event) {
-    const int before = value();
-    QSlider::keyPressEvent(event);
-    setValue(sliderPosition());
-    if (value() != before)
-        Q_EMIT editingEnded();
+    if (!isSliderDown())
+        QSlider::keyPressEvent(event);
+    else if (event->key() == Qt::Key_Escape)
+        cancelDrag();
+}
+
+void InstrumentSlider::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+void InstrumentSlider::changeEvent(QEvent* event) {
+    // Left to itself, a slider that is disabled keeps what it was dragged to.
+    if (event->type() == QEvent::EnabledChange)
+        cancelDrag();
+    QSlider::changeEvent(event);
 }
 
 void InstrumentSlider::hideEvent(QHideEvent* event) {
     QSlider::hideEvent(event);
-    m_press.jumpTo(0);
+    cancelDrag();
 }
 
 void InstrumentSlider::paintEvent(QPaintEvent*) {

@@ -9,8 +9,9 @@
 namespace tolvar {
 
 /// A fader for an amount between 0 and 1. While it is dragged it shows where the hand is and keeps
-/// its amount; letting go sets the amount once and ends the editing. Each step of the keyboard is
-/// an editing of its own.
+/// its amount; letting go sets the amount once and ends the editing. Escape, or losing the control
+/// from under the hand, ends the drag without a change. Each step of the keyboard or of assistive
+/// technology is an editing of its own.
 class InstrumentSlider final : public QSlider, public HasFocusRim {
     Q_OBJECT
 
@@ -43,16 +44,22 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// What it stands in may want to scroll.
+    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
     void dragTo(double x);
+    void endDrag();
+    void cancelDrag();
     QRectF groove() const;
     QRectF knob() const;
     bool isMirrored() const { return layoutDirection() == Qt::RightToLeft; }
 
     const Style m_style;
+    bool m_isProgramSetting = false;
     AnimatedValue m_press;
 };
 

@@ -32,7 +32,7 @@ double mirrored(double x, const QRectF& rect, Qt::LayoutDirection direction) {
 
 InstrumentSwitch::InstrumentSwitch(const ControlContext& context, const QString& name,
                                    QWidget* parent)
-    : QCheckBox(name, parent)
+    : QCheckBox(parent)
     , m_context(context)
     , m_position(context.motion, 0, [this] { update(); })
     , m_squeeze(context.motion, 0, [this] { update(); }) {

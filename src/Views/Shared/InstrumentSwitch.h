@@ -8,8 +8,8 @@
 
 namespace tolvar {
 
-/// A switch with a knob that slides in a groove, lit while it is on. Its name is its text, which it
-/// does not show: the label beside it does.
+/// A switch with a knob that slides in a groove, lit while it is on. It shows no name: the label
+/// beside it does.
 class InstrumentSwitch final : public QCheckBox, public HasFocusRim {
     Q_OBJECT
 

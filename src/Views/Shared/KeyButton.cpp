@@ -5,14 +5,52 @@
 #include "Views/Theme/Feedback.h"
 #include "Views/Theme/Instrument.h"
 
+#include <QAccessibleWidget>
+
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tolvar {
 
 namespace {
 
 const Eased hoverChange{0.15, Easing::easeOut()};
+
+/// What assistive technology knows of a key.
+class KeyFace final : public QAccessibleWidget {
+public:
+    explicit KeyFace(KeyButton* key)
+        : QAccessibleWidget(key, QAccessible::Button) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const QString said = QAccessibleWidget::text(kind);
+        return said.isEmpty() && kind == QAccessible::Name ? key().name() : said;
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checked = key().isLatched();
+        state.pressed = key().isDown();
+        return state;
+    }
+    QStringList actionNames() const override {
+        return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& action) override {
+        if (action == pressAction())
+            key().animateClick();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+
+private:
+    KeyButton& key() const { return *static_cast<KeyButton*>(widget()); }
+};
+
+QAccessibleInterface* faceOf(const QString&, QObject* object) {
+    auto* key = qobject_cast<KeyButton*>(object);
+    return key ? new KeyFace(key) : nullptr;
+}
 
 QSize roundedUp(const QSizeF& size) {
     return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
@@ -22,17 +60,25 @@ QSize roundedUp(const QSizeF& size) {
 
 KeyButton::KeyButton(const ControlContext& context, KeyStyle style, const QString& name,
                      QWidget* parent)
-    : QPushButton(name, parent)
+    : QPushButton(parent)
     , m_context(context)
     , m_style(std::move(style))
+    , m_name(name)
     , m_depth(context.motion, 0, [this] { update(); })
     , m_scale(context.motion, 1, [this] { update(); })
     , m_latch(context.motion, 0, [this] { update(); })
     , m_hover(context.motion, 0, [this] { update(); }) {
-    setAccessibleName(name);
-    setAttribute(Qt::WA_Hover, false);
+    QAccessible::installFactory(faceOf);
     connect(this, &QPushButton::pressed, this, [this] { moveTo(true); });
     connect(this, &QPushButton::released, this, [this] { moveTo(false); });
+}
+
+void KeyButton::setName(const QString& name) {
+    m_name = name;
+    updateGeometry();
+    update();
+    QAccessibleEvent changed(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
 }
 
 void KeyButton::setSymbol(Symbol symbol) {
@@ -48,12 +94,14 @@ void KeyButton::setShowsText(bool shows) {
 }
 
 void KeyButton::setLatched(bool latched) {
-    setCheckable(true);
-    if (latched == isLatched())
+    if (std::exchange(m_isLatched, latched) == latched)
         return;
-    setChecked(latched);
-    m_latch.animateTo(latched ? 1 : 0, Instrument::Motion::latch);
+    bring(m_latch, latched ? 1 : 0, Instrument::Motion::latch);
     settle(Instrument::Motion::latch);
+    QAccessible::State checked;
+    checked.checked = true;
+    QAccessibleStateChangeEvent changed(this, checked);
+    QAccessible::updateAccessibility(&changed);
 }
 
 QSize KeyButton::sizeHint() const {
@@ -64,8 +112,8 @@ QSizeF KeyButton::labelSize() const {
     const QSizeF symbol = m_symbol ? symbolSize(*m_symbol, m_style.symbolSize) : QSizeF(0, 0);
     double width = symbol.width();
     double height = m_style.symbolSize;
-    if (m_showsText && !text().isEmpty()) {
-        width += (m_symbol ? m_style.spacing : 0) + Paint::textWidth(text(), m_style.font);
+    if (m_showsText && !m_name.isEmpty()) {
+        width += (m_symbol ? m_style.spacing : 0) + Paint::textWidth(m_name, m_style.font);
         height = std::max(height, QFontMetricsF(m_style.font).height());
     }
     return {width, std::max(height, m_style.labelHeight)};
@@ -77,9 +125,17 @@ double KeyButton::depth() const {
     return isLatched() ? latchedDepth : 0;
 }
 
+/// What nobody sees need not move.
+void KeyButton::bring(AnimatedValue& value, double target, const Curve& curve) {
+    if (isVisible())
+        value.animateTo(target, curve);
+    else
+        value.jumpTo(target);
+}
+
 void KeyButton::settle(const Spring& spring) {
-    m_depth.animateTo(depth(), spring);
-    m_scale.animateTo(isHeld() ? pressedScale : 1, spring);
+    bring(m_depth, depth(), spring);
+    bring(m_scale, isHeld() ? pressedScale : 1, spring);
 }
 
 void KeyButton::moveTo(bool isHeld) {
@@ -109,11 +165,12 @@ void KeyButton::changeEvent(QEvent* event) {
     settle(Instrument::Motion::keyUp);
 }
 
-/// What nobody sees need not move.
+/// No hand is on it when it is seen again.
 void KeyButton::hideEvent(QHideEvent* event) {
     QPushButton::hideEvent(event);
-    for (AnimatedValue* value : {&m_depth, &m_scale, &m_latch})
-        value->finish();
+    setDown(false);
+    settle(Instrument::Motion::keyUp);
+    m_latch.finish();
     m_hover.jumpTo(0);
 }
 
@@ -167,7 +224,7 @@ void KeyButton::paintLabel(QPainter& painter, const QRectF& label, const QColor&
         paintSymbol(painter, *m_symbol, box, ink);
     }
     if (m_showsText)
-        Paint::text(painter, rest, text(), m_style.font, ink);
+        Paint::text(painter, rest, m_name, m_style.font, ink);
 }
 
 } // namespace tolvar

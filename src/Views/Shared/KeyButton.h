@@ -23,16 +23,18 @@ public:
     static constexpr double latchedDepth = 0.5;
     static constexpr double pressedScale = 0.975;
 
-    /// `name` is the text on the key and what it is called to those who do not see it; for a key
-    /// that shows a symbol alone use `setSymbol` and `setShowsText(false)`.
+    /// `name` is the text on the key and what it is called to those who do not see it, also on one
+    /// that shows a symbol alone (`setShowsText`).
     KeyButton(const ControlContext& context, KeyStyle style, const QString& name,
               QWidget* parent = nullptr);
 
+    const QString& name() const { return m_name; }
+    void setName(const QString& name);
     void setSymbol(Symbol symbol);
     void setShowsText(bool shows);
-    /// Latched keys say to assistive technology that they are checked.
+    /// To assistive technology it is a button that is checked.
     void setLatched(bool latched);
-    bool isLatched() const { return isChecked(); }
+    bool isLatched() const { return m_isLatched; }
     /// Whether it clicks; a container whose keys are quiet says no.
     void setClicks(bool clicks) { m_clicks = clicks; }
 
@@ -55,9 +57,9 @@ protected:
     void leaveEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void nextCheckState() override {}
 
 private:
+    void bring(AnimatedValue& value, double target, const Curve& curve);
     void settle(const Spring& spring);
     void moveTo(bool isHeld);
     void updateHover();
@@ -68,6 +70,8 @@ private:
 
     const ControlContext m_context;
     const KeyStyle m_style;
+    QString m_name;
+    bool m_isLatched = false;
     std::optional<Symbol> m_symbol;
     bool m_showsText = true;
     bool m_clicks = true;

@@ -18,7 +18,7 @@ KeyStyle KeyStyle::primary() {
     style.bevel = Bevel::primary;
     style.latchedBevel = Bevel::primary;
     style.radius = 9;
-    style.font = Instrument::font(14, QFont::DemiBold, 0.28);
+    style.font = Instrument::font(14, QFont::Medium, 0.28);
     style.ink = style.latchedInk = Palette::amberInk;
     style.disabledInk = mixedColor(Palette::panel, Palette::amber, 0.62);
     style.padding = {16, 14, 16, 14};

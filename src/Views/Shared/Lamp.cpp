@@ -14,6 +14,7 @@ const Eased wake{0.3, Easing::easeOut()};
 constexpr double breathOut = 1;
 constexpr double dimmest = 0.4;
 constexpr double glow = 0.7;
+/// A shadow blurred over four points is seen a little further out.
 constexpr double glowReach = 5;
 constexpr double mostBlown = 1.7;
 
@@ -31,12 +32,9 @@ KeyframeTrack blink(double peak, double there, double back) {
 
 } // namespace
 
-LampLight::LampLight(AnimationDriver& driver, std::function<void()> changed, bool isOn,
-                     const QColor& color)
-    : m_isOn(isOn)
-    , m_color(color)
-    , m_changed(std::move(changed))
-    , m_filament(driver, isOn ? 1 : 0, m_changed)
+LampLight::LampLight(AnimationDriver& driver, std::function<void()> changed)
+    : m_changed(std::move(changed))
+    , m_filament(driver, 0, m_changed)
     , m_dim(driver, 0, m_changed)
     , m_blink(driver, {KeyframeTrack(1)}, m_changed)
     , m_settingsConnection(QObject::connect(&driver, &AnimationDriver::settingsChanged, &driver,
@@ -100,6 +98,12 @@ Lamp::Lamp(AnimationDriver& driver, double size, QWidget* parent)
 QSize Lamp::sizeHint() const {
     const int side = qCeil(m_size + 2 * LampLight::reach(m_size));
     return {side, side};
+}
+
+void Lamp::setOn(bool isOn) {
+    m_light.setOn(isOn);
+    if (!isVisible())
+        m_light.rest();
 }
 
 void Lamp::setBreathing(bool breathes) {

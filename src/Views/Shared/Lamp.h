@@ -16,8 +16,7 @@ namespace tolvar {
 class LampLight {
 public:
     /// `driver` outlives the light; `changed` is called at every change of what `paint` draws.
-    LampLight(AnimationDriver& driver, std::function<void()> changed, bool isOn = false,
-              const QColor& color = Instrument::Palette::amber);
+    LampLight(AnimationDriver& driver, std::function<void()> changed);
     ~LampLight();
     Q_DISABLE_COPY_MOVE(LampLight)
 
@@ -39,9 +38,9 @@ public:
 private:
     void updateBreathing();
 
-    bool m_isOn;
+    bool m_isOn = false;
     bool m_breathes = false;
-    QColor m_color;
+    QColor m_color = Instrument::Palette::amber;
     std::function<void()> m_changed;
     AnimatedValue m_filament;
     AnimatedValue m_dim;
@@ -58,7 +57,8 @@ public:
 
     explicit Lamp(AnimationDriver& driver, double size = standardSize, QWidget* parent = nullptr);
 
-    void setOn(bool isOn) { m_light.setOn(isOn); }
+    /// Blinks only where it can be seen.
+    void setOn(bool isOn);
     void setColor(const QColor& color) { m_light.setColor(color); }
     /// Breathes while it can be seen.
     void setBreathing(bool breathes);

@@ -55,8 +55,8 @@ inline const Spring listEdit = Spring::withResponse(0.35, 0.8);
 } // namespace Motion
 
 /// The window's typeface, Inter where it is installed, else the system's sans serif. `size` in
-/// points of the window (logical pixels), `tracking` the same, added behind every letter. Digits
-/// have one width.
+/// points of the window (logical pixels), `tracking` the same, added behind every letter. Its
+/// digits differ in width: a clock gives each a cell of its own.
 QFont font(double size, QFont::Weight weight = QFont::Normal, double tracking = 0);
 
 } // namespace tolvar::Instrument

@@ -47,6 +47,7 @@ TEST(Contrast, OfEveryTextOnEveryFaceIsEnough) {
         expectReadable(name, style.ink, style.bevel);
         expectReadable(name, style.latchedInk, style.latchedBevel);
     }
+    expectReadable("key on a card", KeyStyle::standard().ink, Bevel::cardKey);
     expectReadable("label on a card", Palette::label, Bevel::card);
     expectReadable("secondary label on a card", Palette::labelSecondary, Bevel::card);
     expectReadable("text in a field", Palette::label, Bevel::field);

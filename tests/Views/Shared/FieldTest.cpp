@@ -38,5 +38,43 @@ TEST_F(FieldTest, ShakesItsHeadOncePerIncreaseAndStandsWhereItStood) {
     EXPECT_FALSE(frames.isRunning());
 }
 
+TEST_F(FieldTest, IsAsHighAsItWishes) {
+    EXPECT_EQ(field.minimumSizeHint().height(), field.sizeHint().height());
+}
+
+TEST_F(FieldTest, EndsItsShakeWhereItsLayoutHasMovedIt) {
+    HeadShake shake(driver, field);
+    shake.setCounter(0);
+    shake.setCounter(1);
+    frames.advance(0.06);
+    field.move(50, field.y());
+    settle();
+    EXPECT_EQ(field.x(), 50);
+}
+
+TEST_F(FieldTest, IsPutBackWhenTheShakeIsTakenAway) {
+    const int home = field.x();
+    {
+        HeadShake shake(driver, field);
+        shake.setCounter(0);
+        shake.setCounter(1);
+        frames.advance(0.06);
+        EXPECT_NE(field.x(), home);
+    }
+    EXPECT_EQ(field.x(), home);
+}
+
+TEST_F(FieldTest, DoesNotShakeOnWhileNobodySeesIt) {
+    HeadShake shake(driver, field);
+    shake.setCounter(0);
+    const int home = field.x();
+    shake.setCounter(1);
+    frames.advance(0.06);
+    field.hide();
+    frames.advance(0.06);
+    EXPECT_FALSE(frames.isRunning());
+    EXPECT_EQ(field.x(), home);
+}
+
 } // namespace
 } // namespace tolvar::test

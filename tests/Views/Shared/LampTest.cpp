@@ -32,6 +32,12 @@ TEST_F(LampTest, BlinksWhenItGoesOnAndIsBrighterThanOff) {
     EXPECT_FALSE(frames.isRunning());
 }
 
+TEST_F(LampTest, IsLitAtOnceWhereNobodySeesIt) {
+    Lamp unseen(driver);
+    unseen.setOn(true);
+    EXPECT_FALSE(frames.isRunning());
+}
+
 TEST_F(LampTest, DoesNotBlinkWhenItIsToldWhatItIs) {
     lamp.setOn(false);
     EXPECT_FALSE(frames.isRunning());

@@ -3,6 +3,8 @@
 
 #include <QSignalSpy>
 
+#include <functional>
+
 namespace tolvar::test {
 namespace {
 
@@ -57,6 +59,48 @@ TEST_F(SliderTest, CountsEachStepOfTheKeyboardAsAnEditing) {
     EXPECT_DOUBLE_EQ(control.amount(), 1);
     key(control, QEvent::KeyPress, Qt::Key_End);
     EXPECT_EQ(endings.count(), 2) << "nothing changed any more";
+}
+
+TEST_F(SliderTest, GivesUpADragOnEscapeAndWhenItIsTakenFromUnderTheHand) {
+    const std::function<void()> ends[] = {
+        [this] { key(control, QEvent::KeyPress, Qt::Key_Escape); },
+        [this] { control.setEnabled(false); }, [this] { control.hide(); }};
+    for (const auto& end : ends) {
+        control.setEnabled(true);
+        control.show();
+        send(control, QEvent::MouseButtonPress, {9, 11});
+        end();
+        EXPECT_FALSE(control.isSliderDown());
+        EXPECT_DOUBLE_EQ(control.amount(), 0.5);
+        EXPECT_EQ(control.sliderPosition(), control.value());
+    }
+    EXPECT_EQ(endings.count(), 0);
+}
+
+TEST_F(SliderTest, PaysNoHeedToOtherKeysDuringADrag) {
+    send(control, QEvent::MouseButtonPress, {9, 11});
+    key(control, QEvent::KeyPress, Qt::Key_Shift);
+    key(control, QEvent::KeyPress, Qt::Key_Right);
+    EXPECT_DOUBLE_EQ(control.amount(), 0.5);
+    EXPECT_EQ(endings.count(), 0);
+}
+
+TEST_F(SliderTest, CountsADragThatComesBackAsAnEditing) {
+    send(control, QEvent::MouseButtonPress, {59, 11});
+    send(control, QEvent::MouseButtonRelease, {59, 11});
+    EXPECT_EQ(endings.count(), 1);
+}
+
+TEST_F(SliderTest, TakesAnAmountFromTheProgramWithoutAnEditing) {
+    control.setAmount(0.25);
+    EXPECT_DOUBLE_EQ(control.amount(), 0.25);
+    EXPECT_EQ(endings.count(), 0);
+}
+
+TEST_F(SliderTest, TakesAnAmountFromAScreenReaderAsAnEditing) {
+    accessible(control)->valueInterface()->setCurrentValue(250);
+    EXPECT_DOUBLE_EQ(control.amount(), 0.25);
+    EXPECT_EQ(endings.count(), 1);
 }
 
 TEST_F(SliderTest, RunsFromRightToLeftWhereTextDoes) {
