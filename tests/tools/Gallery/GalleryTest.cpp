@@ -55,11 +55,12 @@ QImage differences(const QImage& wanted, const QImage& got) {
     return isDifferent ? marked : QImage();
 }
 
-/// Three pictures beside one another: as it was, as it is, and where they differ.
+/// Keeps the picture as it is, and beside it three: as it was, as it is, and where they differ.
 QString keep(const QString& name, const QImage& wanted, const QImage& got, const QImage& marked) {
     const QDir folder(QStringLiteral(DIFFERENCES));
     folder.mkpath(u"."_s);
-    QString file = folder.filePath(name);
+    got.save(folder.filePath(name));
+    QString file = folder.filePath(u"compared-"_s + name);
     QImage all(wanted.width() + got.width() + marked.width(),
                std::max(wanted.height(), got.height()), QImage::Format_RGB32);
     all.fill(Qt::white);
