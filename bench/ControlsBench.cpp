@@ -22,7 +22,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 gallery::Studio& studio() {
-    static gallery::Studio made({.isReduced = true});
+    static SilentInterfaceSound silence;
+    static gallery::Studio made({.isReduced = true}, silence);
     return made;
 }
 

@@ -1,6 +1,7 @@
 #include "Gallery/Pages.h"
 
 #include "Gallery/States.h"
+#include "Gallery/TouchPage.h"
 #include "Views/Paint/Paint.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/InstrumentSlider.h"
@@ -195,11 +196,12 @@ QWidget* symbols(const ControlContext&) {
 } // namespace
 
 const std::vector<Page>& pages() {
-    static const std::vector<Page> all{{u"keys"_s, keys},
-                                       {u"switches"_s, switches},
-                                       {u"lamps"_s, lamps},
-                                       {u"fields"_s, fields},
-                                       {u"symbols"_s, symbols}};
+    const auto touch = [](const ControlContext& context) -> QWidget* {
+        return new TouchPage(context);
+    };
+    static const std::vector<Page> all{{u"touch"_s, touch},       {u"keys"_s, keys},
+                                       {u"switches"_s, switches}, {u"lamps"_s, lamps},
+                                       {u"fields"_s, fields},     {u"symbols"_s, symbols}};
     return all;
 }
 

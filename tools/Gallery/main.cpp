@@ -1,5 +1,6 @@
 #include "Gallery/Gallery.h"
 #include "Gallery/GalleryWindow.h"
+#include "Gallery/Speaker.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -22,7 +23,8 @@ int main(int argc, char** argv) {
     parser.process(application);
     if (parser.isSet(render))
         return tolvar::gallery::render(QDir(parser.value(render))) ? 0 : 1;
-    tolvar::gallery::Studio studio({});
+    tolvar::gallery::Speaker speaker;
+    tolvar::gallery::Studio studio({}, speaker.sound());
     tolvar::gallery::GalleryWindow window(studio);
     window.show();
     return QApplication::exec();
