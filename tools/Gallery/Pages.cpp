@@ -9,6 +9,7 @@
 #include "Views/Shared/KeyButton.h"
 #include "Views/Shared/Labels.h"
 #include "Views/Shared/Lamp.h"
+#include "Views/Shared/Sheet.h"
 #include "Views/Theme/Instrument.h"
 
 #include <QGridLayout>
@@ -23,9 +24,9 @@ namespace {
 constexpr int margin = 24;
 
 /// A piece of the panel to lay controls out on.
-class Sheet : public QWidget {
+class Panel : public QWidget {
 public:
-    Sheet() {
+    Panel() {
         m_grid = new QGridLayout(this);
         m_grid->setContentsMargins(margin, margin, margin, margin);
         m_grid->setHorizontalSpacing(14);
@@ -71,7 +72,7 @@ KeyStyle keyOf(const Bevel& bevel) {
 }
 
 QWidget* keys(const ControlContext& context) {
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     addHeadings(sheet->grid());
     const auto add = [&](const QString& name, const KeyStyle& style, const QString& text,
                          std::optional<Symbol> symbol) {
@@ -92,7 +93,7 @@ QWidget* keys(const ControlContext& context) {
 }
 
 QWidget* switches(const ControlContext& context) {
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     addHeadings(sheet->grid());
     addStates(sheet->grid(), u"Switch off"_s,
               [&] { return new InstrumentSwitch(context, u"Sounds"_s); });
@@ -115,7 +116,7 @@ QWidget* switches(const ControlContext& context) {
 
 QWidget* lamps(const ControlContext& context) {
     namespace Palette = Instrument::Palette;
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     int row = 0;
     for (const auto& [name, color] : {std::pair{u"Amber"_s, Palette::amber},
                                       {u"Stop"_s, Palette::stop},
@@ -136,7 +137,7 @@ QWidget* lamps(const ControlContext& context) {
 }
 
 QWidget* fields(const ControlContext& context) {
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     const auto add = [&](const QString& name, const QString& text, bool isEnabled) {
         const int row = sheet->grid().rowCount();
         auto* field = new InstrumentField(context, u"What is your goal?"_s, {});
@@ -156,6 +157,26 @@ QWidget* fields(const ControlContext& context) {
                                            "here."_s),
                             sheet->grid().rowCount(), 1);
     return sheet;
+}
+
+QWidget* sheet(const ControlContext& context) {
+    auto* page = new Panel;
+    page->grid().addWidget(new InstrumentField(context, u"What is your goal?"_s, {}), 0, 0);
+    auto* key = new KeyButton(context, KeyStyle::standard(), u"Clear history…"_s);
+    page->grid().addWidget(key, 1, 0, Qt::AlignLeft);
+    page->grid().setRowStretch(2, 1);
+    page->setMinimumSize(400, 300);
+    page->resize(page->minimumSize());
+    auto* question = new ConfirmationSheet(
+        context,
+        {.title = u"Clear All History?"_s,
+         .message = u"This will permanently delete all your session history."_s,
+         .cancel = u"Cancel"_s,
+         .confirm = u"Clear All"_s},
+        *page);
+    QObject::connect(key, &KeyButton::clicked, question, &ConfirmationSheet::rise);
+    question->rise();
+    return page;
 }
 
 QWidget* symbols(const ControlContext&) {
@@ -178,7 +199,7 @@ QWidget* symbols(const ControlContext&) {
         const Symbol m_symbol;
         const double m_size;
     };
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     int cell = 0;
     for (const Symbol symbol : allSymbols()) {
         const int row = cell / 3;
@@ -199,9 +220,9 @@ const std::vector<Page>& pages() {
     const auto touch = [](const ControlContext& context) -> QWidget* {
         return new TouchPage(context);
     };
-    static const std::vector<Page> all{{u"touch"_s, touch},       {u"keys"_s, keys},
-                                       {u"switches"_s, switches}, {u"lamps"_s, lamps},
-                                       {u"fields"_s, fields},     {u"symbols"_s, symbols}};
+    static const std::vector<Page> all{
+        {u"touch"_s, touch},   {u"keys"_s, keys},   {u"switches"_s, switches}, {u"lamps"_s, lamps},
+        {u"fields"_s, fields}, {u"sheet"_s, sheet}, {u"symbols"_s, symbols}};
     return all;
 }
 
