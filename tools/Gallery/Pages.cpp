@@ -13,6 +13,9 @@
 #include "Views/Theme/Instrument.h"
 
 #include <QGridLayout>
+#include <QMenu>
+#include <QPixmap>
+#include <QStyleOption>
 #include <QVBoxLayout>
 
 namespace tolvar::gallery {
@@ -179,6 +182,65 @@ QWidget* sheet(const ControlContext& context) {
     return page;
 }
 
+/// A picture of what would be a window of its own.
+class Photograph final : public QWidget {
+public:
+    explicit Photograph(const QPixmap& picture)
+        : m_picture(picture) {
+        setFixedSize(picture.deviceIndependentSize().toSize());
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.drawPixmap(0, 0, m_picture);
+    }
+
+private:
+    const QPixmap m_picture;
+};
+
+QWidget* photographOfMenu() {
+    QMenu menu;
+    menu.addAction(u"Focus again"_s);
+    menu.addAction(u"Save as preset"_s)->setEnabled(false);
+    menu.addSeparator();
+    QAction* last = menu.addAction(u"Delete"_s);
+    menu.ensurePolished();
+    menu.resize(menu.sizeHint());
+    menu.setActiveAction(last);
+    return new Photograph(menu.grab());
+}
+
+/// Qt's own label for tooltips cannot be had without showing one.
+class Tip final : public QWidget {
+public:
+    Tip() { setFixedSize(tipText().size() + QSize(14, 14)); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        QStyleOptionFrame option;
+        option.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_PanelTipLabel, &option, &painter, this);
+        Paint::text(painter, rect(), text(), Instrument::font(11), Instrument::Palette::label,
+                    Qt::AlignHCenter);
+    }
+
+private:
+    static QString text() { return u"Add 5 minutes"_s; }
+    static QRect tipText() { return QFontMetrics(Instrument::font(11)).boundingRect(text()); }
+};
+
+QWidget* menus(const ControlContext&) {
+    auto* sheet = new Panel;
+    sheet->grid().addWidget(new SectionLabel(u"Context menu"_s), 0, 0);
+    sheet->grid().addWidget(photographOfMenu(), 0, 1);
+    sheet->grid().addWidget(new SectionLabel(u"Tooltip"_s), 1, 0);
+    sheet->grid().addWidget(new Tip, 1, 1, Qt::AlignLeft);
+    return sheet;
+}
+
 QWidget* symbols(const ControlContext&) {
     class Drawing final : public QWidget {
     public:
@@ -220,9 +282,10 @@ const std::vector<Page>& pages() {
     const auto touch = [](const ControlContext& context) -> QWidget* {
         return new TouchPage(context);
     };
-    static const std::vector<Page> all{
-        {u"touch"_s, touch},   {u"keys"_s, keys},   {u"switches"_s, switches}, {u"lamps"_s, lamps},
-        {u"fields"_s, fields}, {u"sheet"_s, sheet}, {u"symbols"_s, symbols}};
+    static const std::vector<Page> all{{u"touch"_s, touch},       {u"keys"_s, keys},
+                                       {u"switches"_s, switches}, {u"lamps"_s, lamps},
+                                       {u"fields"_s, fields},     {u"sheet"_s, sheet},
+                                       {u"menus"_s, menus},       {u"symbols"_s, symbols}};
     return all;
 }
 

@@ -1,10 +1,10 @@
 #include "Gallery/Gallery.h"
 #include "Gallery/GalleryWindow.h"
 #include "Gallery/Speaker.h"
+#include "Views/Shared/InstrumentStyle.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new tolvar::InstrumentStyle);
     QCommandLineParser parser;
     const QCommandLineOption render(u"render"_s, u"Draw every page into a PNG in the folder."_s,
                                     u"folder"_s);

@@ -1,7 +1,9 @@
 #include "Gallery/Gallery.h"
 
 #include "Gallery/Pages.h"
+#include "Views/Shared/InstrumentStyle.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QPixmap>
@@ -31,6 +33,7 @@ QString scale() {
 }
 
 QImage drawn(const Page& page) {
+    QApplication::setStyle(new InstrumentStyle);
     SilentInterfaceSound silence;
     Studio studio({.isReduced = true}, silence);
     const std::unique_ptr<QWidget> sheet(page.make(studio.context()));
