@@ -2,6 +2,7 @@
 #include "Gallery/Pages.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/InstrumentSlider.h"
+#include "Views/Shared/InstrumentStyle.h"
 #include "Views/Shared/InstrumentSwitch.h"
 #include "Views/Shared/KeyButton.h"
 #include "Views/Shared/Lamp.h"
@@ -9,7 +10,6 @@
 #include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
-#include <QStyleFactory>
 
 #include <benchmark/benchmark.h>
 
@@ -22,7 +22,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 gallery::Studio& studio() {
-    static gallery::Studio made({.isReduced = true});
+    static SilentInterfaceSound silence;
+    static gallery::Studio made({.isReduced = true}, silence);
     return made;
 }
 
@@ -94,7 +95,7 @@ void registerAll() {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new tolvar::InstrumentStyle);
     benchmark::Initialize(&argc, argv);
     tolvar::bench::registerAll();
     benchmark::RunSpecifiedBenchmarks();

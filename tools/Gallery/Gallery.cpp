@@ -12,14 +12,15 @@ namespace tolvar::gallery {
 
 using namespace Qt::StringLiterals;
 
-Studio::Studio(const MotionSettings& settings)
+Studio::Studio(const MotionSettings& settings, InterfaceSound& sound)
     : m_driver(m_frames, settings)
-    , m_feedback(m_preferences, m_haptics, m_sound) {
+    , m_feedback(m_preferences, m_haptics, sound) {
     m_preferences.registerDefaults(AppSettings::defaults());
 }
 
 bool render(const QDir& folder) {
-    Studio studio({.isReduced = true});
+    SilentInterfaceSound silence;
+    Studio studio({.isReduced = true}, silence);
     bool isWritten = folder.mkpath(u"."_s);
     for (const Page& page : pages()) {
         const std::unique_ptr<QWidget> sheet(page.make(studio.context()));

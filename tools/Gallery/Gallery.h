@@ -12,10 +12,11 @@
 
 namespace tolvar::gallery {
 
-/// What the gallery's controls move and answer with: frames of the screen, and nothing to be heard.
+/// What the gallery's controls move and answer with.
 class Studio {
 public:
-    explicit Studio(const MotionSettings& settings);
+    /// `sound` outlives the studio.
+    Studio(const MotionSettings& settings, InterfaceSound& sound);
 
     ControlContext context() { return {m_driver, m_feedback}; }
     AnimationDriver& driver() { return m_driver; }
@@ -25,7 +26,6 @@ private:
     AnimationDriver m_driver;
     MemoryPreferences m_preferences;
     NullHapticPerformer m_haptics;
-    SilentInterfaceSound m_sound;
     Feedback m_feedback;
 };
 

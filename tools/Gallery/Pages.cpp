@@ -1,6 +1,7 @@
 #include "Gallery/Pages.h"
 
 #include "Gallery/States.h"
+#include "Gallery/TouchPage.h"
 #include "Views/Paint/Paint.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/InstrumentSlider.h"
@@ -8,9 +9,13 @@
 #include "Views/Shared/KeyButton.h"
 #include "Views/Shared/Labels.h"
 #include "Views/Shared/Lamp.h"
+#include "Views/Shared/Sheet.h"
 #include "Views/Theme/Instrument.h"
 
 #include <QGridLayout>
+#include <QMenu>
+#include <QPixmap>
+#include <QStyleOption>
 #include <QVBoxLayout>
 
 namespace tolvar::gallery {
@@ -22,9 +27,9 @@ namespace {
 constexpr int margin = 24;
 
 /// A piece of the panel to lay controls out on.
-class Sheet : public QWidget {
+class Panel : public QWidget {
 public:
-    Sheet() {
+    Panel() {
         m_grid = new QGridLayout(this);
         m_grid->setContentsMargins(margin, margin, margin, margin);
         m_grid->setHorizontalSpacing(14);
@@ -70,7 +75,7 @@ KeyStyle keyOf(const Bevel& bevel) {
 }
 
 QWidget* keys(const ControlContext& context) {
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     addHeadings(sheet->grid());
     const auto add = [&](const QString& name, const KeyStyle& style, const QString& text,
                          std::optional<Symbol> symbol) {
@@ -91,7 +96,7 @@ QWidget* keys(const ControlContext& context) {
 }
 
 QWidget* switches(const ControlContext& context) {
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     addHeadings(sheet->grid());
     addStates(sheet->grid(), u"Switch off"_s,
               [&] { return new InstrumentSwitch(context, u"Sounds"_s); });
@@ -114,7 +119,7 @@ QWidget* switches(const ControlContext& context) {
 
 QWidget* lamps(const ControlContext& context) {
     namespace Palette = Instrument::Palette;
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     int row = 0;
     for (const auto& [name, color] : {std::pair{u"Amber"_s, Palette::amber},
                                       {u"Stop"_s, Palette::stop},
@@ -135,7 +140,7 @@ QWidget* lamps(const ControlContext& context) {
 }
 
 QWidget* fields(const ControlContext& context) {
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     const auto add = [&](const QString& name, const QString& text, bool isEnabled) {
         const int row = sheet->grid().rowCount();
         auto* field = new InstrumentField(context, u"What is your goal?"_s, {});
@@ -154,6 +159,85 @@ QWidget* fields(const ControlContext& context) {
                                            u"Start your first focus session to see your history "
                                            "here."_s),
                             sheet->grid().rowCount(), 1);
+    return sheet;
+}
+
+QWidget* sheet(const ControlContext& context) {
+    auto* page = new Panel;
+    page->grid().addWidget(new InstrumentField(context, u"What is your goal?"_s, {}), 0, 0);
+    auto* key = new KeyButton(context, KeyStyle::standard(), u"Clear history…"_s);
+    page->grid().addWidget(key, 1, 0, Qt::AlignLeft);
+    page->grid().setRowStretch(2, 1);
+    page->setMinimumSize(400, 300);
+    page->resize(page->minimumSize());
+    auto* question = new ConfirmationSheet(
+        context,
+        {.title = u"Clear All History?"_s,
+         .message = u"This will permanently delete all your session history."_s,
+         .cancel = u"Cancel"_s,
+         .confirm = u"Clear All"_s},
+        *page);
+    QObject::connect(key, &KeyButton::clicked, question, &ConfirmationSheet::rise);
+    question->rise();
+    return page;
+}
+
+/// A picture of what would be a window of its own.
+class Photograph final : public QWidget {
+public:
+    explicit Photograph(const QPixmap& picture)
+        : m_picture(picture) {
+        setFixedSize(picture.deviceIndependentSize().toSize());
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.drawPixmap(0, 0, m_picture);
+    }
+
+private:
+    const QPixmap m_picture;
+};
+
+QWidget* photographOfMenu() {
+    QMenu menu;
+    menu.addAction(u"Focus again"_s);
+    menu.addAction(u"Save as preset"_s)->setEnabled(false);
+    menu.addSeparator();
+    QAction* last = menu.addAction(u"Delete"_s);
+    menu.ensurePolished();
+    menu.resize(menu.sizeHint());
+    menu.setActiveAction(last);
+    return new Photograph(menu.grab());
+}
+
+/// Qt's own label for tooltips cannot be had without showing one.
+class Tip final : public QWidget {
+public:
+    Tip() { setFixedSize(tipText().size() + QSize(14, 14)); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        QStyleOptionFrame option;
+        option.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_PanelTipLabel, &option, &painter, this);
+        Paint::text(painter, rect(), text(), Instrument::font(11), Instrument::Palette::label,
+                    Qt::AlignHCenter);
+    }
+
+private:
+    static QString text() { return u"Add 5 minutes"_s; }
+    static QRect tipText() { return QFontMetrics(Instrument::font(11)).boundingRect(text()); }
+};
+
+QWidget* menus(const ControlContext&) {
+    auto* sheet = new Panel;
+    sheet->grid().addWidget(new SectionLabel(u"Context menu"_s), 0, 0);
+    sheet->grid().addWidget(photographOfMenu(), 0, 1);
+    sheet->grid().addWidget(new SectionLabel(u"Tooltip"_s), 1, 0);
+    sheet->grid().addWidget(new Tip, 1, 1, Qt::AlignLeft);
     return sheet;
 }
 
@@ -177,7 +261,7 @@ QWidget* symbols(const ControlContext&) {
         const Symbol m_symbol;
         const double m_size;
     };
-    auto* sheet = new Sheet;
+    auto* sheet = new Panel;
     int cell = 0;
     for (const Symbol symbol : allSymbols()) {
         const int row = cell / 3;
@@ -195,11 +279,13 @@ QWidget* symbols(const ControlContext&) {
 } // namespace
 
 const std::vector<Page>& pages() {
-    static const std::vector<Page> all{{u"keys"_s, keys},
-                                       {u"switches"_s, switches},
-                                       {u"lamps"_s, lamps},
-                                       {u"fields"_s, fields},
-                                       {u"symbols"_s, symbols}};
+    const auto touch = [](const ControlContext& context) -> QWidget* {
+        return new TouchPage(context);
+    };
+    static const std::vector<Page> all{{u"touch"_s, touch},       {u"keys"_s, keys},
+                                       {u"switches"_s, switches}, {u"lamps"_s, lamps},
+                                       {u"fields"_s, fields},     {u"sheet"_s, sheet},
+                                       {u"menus"_s, menus},       {u"symbols"_s, symbols}};
     return all;
 }
 

@@ -1,9 +1,10 @@
 #include "Gallery/Gallery.h"
 #include "Gallery/GalleryWindow.h"
+#include "Gallery/Speaker.h"
+#include "Views/Shared/InstrumentStyle.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +14,7 @@ int main(int argc, char** argv) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new tolvar::InstrumentStyle);
     QCommandLineParser parser;
     const QCommandLineOption render(u"render"_s, u"Draw every page into a PNG in the folder."_s,
                                     u"folder"_s);
@@ -22,7 +23,8 @@ int main(int argc, char** argv) {
     parser.process(application);
     if (parser.isSet(render))
         return tolvar::gallery::render(QDir(parser.value(render))) ? 0 : 1;
-    tolvar::gallery::Studio studio({});
+    tolvar::gallery::Speaker speaker;
+    tolvar::gallery::Studio studio({}, speaker.sound());
     tolvar::gallery::GalleryWindow window(studio);
     window.show();
     return QApplication::exec();

@@ -13,6 +13,21 @@ KeyStyle KeyStyle::standard() {
             .disabledInk = Palette::labelQuaternary};
 }
 
+KeyStyle KeyStyle::card() {
+    KeyStyle style = standard();
+    style.bevel = Bevel::cardKey;
+    style.ink = Palette::label;
+    style.padding = {13, 10, 13, 11};
+    return style;
+}
+
+KeyStyle KeyStyle::destructive() {
+    KeyStyle style = card();
+    // The red itself is too dark to be read on a key.
+    style.ink = style.latchedInk = mixedColor(Palette::stop, Palette::label, 0.35);
+    return style;
+}
+
 KeyStyle KeyStyle::primary() {
     KeyStyle style = standard();
     style.bevel = Bevel::primary;

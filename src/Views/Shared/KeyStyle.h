@@ -28,6 +28,10 @@ struct KeyStyle {
 
     /// An ordinary key of the panel.
     static KeyStyle standard();
+    /// A key that stands on a card.
+    static KeyStyle card();
+    /// A key on a card that does what cannot be undone.
+    static KeyStyle destructive();
     /// The amber key of the main action.
     static KeyStyle primary();
     /// A small key within a row of settings.

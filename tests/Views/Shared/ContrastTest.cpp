@@ -42,6 +42,8 @@ TEST(Contrast, KnowsBlackOnWhite) {
 TEST(Contrast, OfEveryTextOnEveryFaceIsEnough) {
     for (const auto& [name, style] : {std::pair{"key", KeyStyle::standard()},
                                       {"primary", KeyStyle::primary()},
+                                      {"card key", KeyStyle::card()},
+                                      {"destructive", KeyStyle::destructive()},
                                       {"inline", KeyStyle::inlineKey()},
                                       {"nudge", KeyStyle::nudge()}}) {
         expectReadable(name, style.ink, style.bevel);

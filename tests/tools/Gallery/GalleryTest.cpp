@@ -1,7 +1,9 @@
 #include "Gallery/Gallery.h"
 
 #include "Gallery/Pages.h"
+#include "Views/Shared/InstrumentStyle.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QPixmap>
@@ -31,7 +33,9 @@ QString scale() {
 }
 
 QImage drawn(const Page& page) {
-    Studio studio({.isReduced = true});
+    QApplication::setStyle(new InstrumentStyle);
+    SilentInterfaceSound silence;
+    Studio studio({.isReduced = true}, silence);
     const std::unique_ptr<QWidget> sheet(page.make(studio.context()));
     sheet->resize(sheet->sizeHint());
     return sheet->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -83,7 +87,7 @@ TEST_P(GalleryPage, LooksAsItDid) {
     const QImage wanted =
         QImage(QDir(QStringLiteral(REFERENCES)).filePath(name)).convertToFormat(got.format());
     if (wanted.isNull()) {
-        FAIL() << "no picture to compare with; drawn: " << keep(name, got, {}, {}).toStdString();
+        FAIL() << "no picture to compare with; drawn: " << keep(name, {}, got, {}).toStdString();
     }
     ASSERT_EQ(wanted.size(), got.size())
         << "was, is: " << keep(name, wanted, got, {}).toStdString();
