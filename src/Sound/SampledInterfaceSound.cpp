@@ -1,5 +1,7 @@
 #include "Sound/SampledInterfaceSound.h"
 
+#include "Sound/SoundFacts.h"
+
 #include <utility>
 
 namespace tolvar {
@@ -12,37 +14,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds idleTime{3000};
 constexpr std::size_t poolSize = 4;
 
-QString caseName(InterfaceSound::Sound sound) {
-    switch (sound) {
-    case InterfaceSound::Sound::keyDown:
-        return u"keyDown"_s;
-    case InterfaceSound::Sound::keyUp:
-        return u"keyUp"_s;
-    case InterfaceSound::Sound::modeSwitch:
-        return u"modeSwitch"_s;
-    case InterfaceSound::Sound::sessionEnd:
-        return u"sessionEnd"_s;
-    case InterfaceSound::Sound::blocked:
-        return u"blocked"_s;
-    }
-    Q_UNREACHABLE();
-}
-
-/// The settings belong to the layer above, which knows their factory values.
-QString gatingSetting(InterfaceSound::Sound sound) {
-    switch (sound) {
-    case InterfaceSound::Sound::keyDown:
-    case InterfaceSound::Sound::keyUp:
-    case InterfaceSound::Sound::modeSwitch:
-        return u"keySoundsEnabled"_s;
-    case InterfaceSound::Sound::sessionEnd:
-        return u"sessionEndChimeEnabled"_s;
-    case InterfaceSound::Sound::blocked:
-        return u"blockSoundEnabled"_s;
-    }
-    Q_UNREACHABLE();
-}
-
 } // namespace
 
 SampledInterfaceSound::SampledInterfaceSound(const Environment& environment)
@@ -51,7 +22,7 @@ SampledInterfaceSound::SampledInterfaceSound(const Environment& environment)
     , m_self(std::make_shared<SampledInterfaceSound*>(this)) {}
 
 bool SampledInterfaceSound::isEnabled(Sound sound) const {
-    return m_environment.preferences.boolean(gatingSetting(sound));
+    return m_environment.preferences.boolean(factsOf(sound).setting);
 }
 
 bool SampledInterfaceSound::isLoaded(Sound sound) const {
@@ -171,7 +142,7 @@ std::variant<AudioVoice*, AudioError> SampledInterfaceSound::soloVoice(Sound sou
 
 /// The pool is kept; the next sound starts the device again.
 void SampledInterfaceSound::playFailed(Sound sound, const AudioError& error) {
-    logFailure(u"play "_s + caseName(sound), error);
+    logFailure(u"play "_s + factsOf(sound).name, error);
     m_environment.device.stop();
     m_soloVoices.erase(sound);
 }

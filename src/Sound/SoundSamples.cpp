@@ -1,28 +1,10 @@
 #include "Sound/SoundSamples.h"
 
+#include "Sound/SoundFacts.h"
+
 namespace tolvar {
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-QString fileName(InterfaceSound::Sound sound) {
-    switch (sound) {
-    case InterfaceSound::Sound::keyDown:
-        return u"key-down.wav"_s;
-    case InterfaceSound::Sound::keyUp:
-        return u"key-up.wav"_s;
-    case InterfaceSound::Sound::modeSwitch:
-        return u"mode-switch.wav"_s;
-    case InterfaceSound::Sound::sessionEnd:
-        return u"chime.wav"_s;
-    case InterfaceSound::Sound::blocked:
-        return u"blocked.wav"_s;
-    }
-    Q_UNREACHABLE();
-}
-
-} // namespace
 
 SoundSamples::SoundSamples(const AudioFileReader& reader, const QString& resourcesPath)
     : m_reader(reader)
@@ -36,7 +18,7 @@ std::shared_ptr<const AudioBuffer> SoundSamples::sample(InterfaceSound::Sound so
 }
 
 std::shared_ptr<const AudioBuffer> SoundSamples::load(InterfaceSound::Sound sound) const {
-    auto buffer = m_reader.read(m_folder + fileName(sound));
+    auto buffer = m_reader.read(m_folder + factsOf(sound).file);
     return buffer ? std::make_shared<const AudioBuffer>(*std::move(buffer)) : nullptr;
 }
 

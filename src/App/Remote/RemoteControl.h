@@ -23,9 +23,9 @@ class InstalledApplications;
 class Workspace;
 
 /// The running program as other programs see and steer it: the object /app/tolvar/Tolvar on the
-/// session bus with app.tolvar.Tolvar1 and org.freedesktop.Application (Desktop Entry
-/// Specification 1.5, "D-Bus Activation"). App/Protocol holds the interfaces and what each
-/// function promises; functions and properties have the names that D-Bus gives them.
+/// session bus with app.tolvar.Tolvar1 and org.freedesktop.Application (what the
+/// freedesktop desktop entries call "D-Bus Activation"). App/Protocol holds the interfaces and what
+/// each function promises; functions and properties have the names that D-Bus gives them.
 class RemoteControl final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_PROPERTY(QString Status READ status)

@@ -127,7 +127,7 @@ QVariantMap FreedesktopNotificationCenter::hints(NotificationSound sound) const 
     };
     if (sound == NotificationSound::none)
         hints.insert(u"suppress-sound"_s, true);
-    else // Sound Naming Specification 0.1: "a long running operation has finished"
+    else // The freedesktop sound names: "a long running operation has finished"
         hints.insert(u"sound-name"_s, u"complete"_s);
     return hints;
 }

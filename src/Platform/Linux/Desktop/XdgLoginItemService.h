@@ -5,10 +5,11 @@
 namespace tolvar {
 
 /// Starting at login by the desktop entry "autostart/app.tolvar.Tolvar.desktop" in the user's
-/// configuration folder (Desktop Application Autostart Specification). A desktop that lets people
-/// switch such entries off marks them with Hidden=true or X-GNOME-Autostart-enabled=false: that is
-/// "requires approval" here. Something in the entry's place that starts nothing (a link to
-/// nowhere, an empty file) counts as not registered, and registering replaces it.
+/// configuration folder (freedesktop.org, "Autostart Of Applications During Startup"). A desktop
+/// that lets people switch such entries off marks them with Hidden=true or
+/// X-GNOME-Autostart-enabled=false: that is "requires approval" here. Something in the entry's
+/// place that starts nothing (a link to nowhere, an empty file) counts as not registered, and
+/// registering replaces it.
 class XdgLoginItemService final : public LoginItemService {
 public:
     /// `executablePath` is the program to start, absolute; `configFolder` is XDG_CONFIG_HOME.
