@@ -116,7 +116,7 @@ QSizeF KeyButton::labelSize() const {
         width += (m_symbol ? m_style.spacing : 0) + Paint::textWidth(m_name, m_style.font);
         height = std::max(height, QFontMetricsF(m_style.font).height());
     }
-    return {width, std::max(height, m_style.labelHeight)};
+    return {width, height};
 }
 
 double KeyButton::depth() const {

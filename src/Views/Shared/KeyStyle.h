@@ -21,8 +21,6 @@ struct KeyStyle {
     double symbolSize = 12;
     /// Between symbol and text.
     double spacing = 7;
-    /// Least height of what stands within the padding; 0 for its own.
-    double labelHeight = 0;
     /// Whether the trackpad taps when it goes down.
     bool taps = true;
 
