@@ -15,9 +15,9 @@ namespace {
 
 namespace Palette = Instrument::Palette;
 
-/// Fine enough to be continuous on any screen.
-constexpr int steps = 1000;
-constexpr int keyStep = 50;
+/// Assistive technology reads these as they are: per cent.
+constexpr int steps = 100;
+constexpr int keyStep = 5;
 constexpr double knobRadius = 5;
 constexpr double notchInset = 5;
 
@@ -68,7 +68,7 @@ QRectF InstrumentSlider::groove() const {
 }
 
 QRectF InstrumentSlider::knob() const {
-    const double share = static_cast<double>(sliderPosition()) / steps;
+    const double share = m_hand.value_or(static_cast<double>(sliderPosition()) / steps);
     const double travel = width() - m_style.knobWidth;
     const double left = travel * (isMirrored() ? 1 - share : share);
     return {left, (height() - m_style.knobHeight) / 2, m_style.knobWidth, m_style.knobHeight};
@@ -77,8 +77,9 @@ QRectF InstrumentSlider::knob() const {
 /// Anywhere on the slider: the knob comes to the hand.
 void InstrumentSlider::dragTo(double x) {
     const double along = (x - m_style.knobWidth / 2) / (width() - m_style.knobWidth);
-    const double share = std::clamp(isMirrored() ? 1 - along : along, 0.0, 1.0);
-    setSliderPosition(static_cast<int>(std::lround(share * steps)));
+    m_hand = std::clamp(isMirrored() ? 1 - along : along, 0.0, 1.0);
+    setSliderPosition(static_cast<int>(std::lround(*m_hand * steps)));
+    update();
 }
 
 void InstrumentSlider::mousePressEvent(QMouseEvent* event) {
@@ -104,6 +105,7 @@ void InstrumentSlider::mouseReleaseEvent(QMouseEvent* event) {
 void InstrumentSlider::endDrag() {
     const int before = value();
     m_press.animateTo(0, Instrument::Motion::keyUp);
+    m_hand.reset();
     setSliderDown(false);
     if (value() == before)
         Q_EMIT editingEnded();
@@ -113,6 +115,7 @@ void InstrumentSlider::cancelDrag() {
     m_press.jumpTo(0);
     if (!isSliderDown())
         return;
+    m_hand.reset();
     setSliderPosition(value());
     setSliderDown(false);
 }

@@ -6,12 +6,14 @@
 
 #include <QSlider>
 
+#include <optional>
+
 namespace tolvar {
 
-/// A fader for an amount between 0 and 1. While it is dragged it shows where the hand is and keeps
-/// its amount; letting go sets the amount once and ends the editing. Escape, or losing the control
-/// from under the hand, ends the drag without a change. Each step of the keyboard or of assistive
-/// technology is an editing of its own.
+/// A fader for an amount between 0 and 1, in hundredths. While it is dragged it shows where the
+/// hand is and keeps its amount; letting go sets the amount once and ends the editing. Escape, or
+/// losing the control from under the hand, ends the drag without a change. Each step of the
+/// keyboard or of assistive technology is an editing of its own.
 class InstrumentSlider final : public QSlider, public HasFocusRim {
     Q_OBJECT
 
@@ -60,6 +62,8 @@ private:
 
     const Style m_style;
     bool m_isProgramSetting = false;
+    /// Where the hand is while it drags, 0 to 1.
+    std::optional<double> m_hand;
     AnimatedValue m_press;
 };
 

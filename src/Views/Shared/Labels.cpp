@@ -3,6 +3,8 @@
 #include "Views/Paint/Paint.h"
 #include "Views/Theme/Instrument.h"
 
+#include <QAccessibleWidget>
+
 namespace tolvar {
 
 namespace {
@@ -25,6 +27,11 @@ QFont titleFont() {
 
 QFont messageFont() {
     return Instrument::font(12);
+}
+
+QAccessibleInterface* faceOf(const QString&, QObject* object) {
+    auto* state = qobject_cast<EmptyState*>(object);
+    return state ? new QAccessibleWidget(state, QAccessible::StaticText) : nullptr;
 }
 
 } // namespace
@@ -53,6 +60,7 @@ EmptyState::EmptyState(Symbol symbol, const QString& title, const QString& messa
     , m_symbol(symbol)
     , m_title(title)
     , m_message(message) {
+    QAccessible::installFactory(faceOf);
     setAccessibleName(title);
     setAccessibleDescription(message);
 }

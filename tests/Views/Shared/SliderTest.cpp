@@ -42,6 +42,16 @@ TEST_F(SliderTest, ShowsWhereTheHandIsWhileItIsDragged) {
     EXPECT_NE(picture(control), before);
 }
 
+TEST_F(SliderTest, FollowsTheHandFinerThanTheHundredthsItSets) {
+    send(control, QEvent::MouseButtonPress, {59, 11});
+    const QRectF before = control.focusRim();
+    send(control, QEvent::MouseMove, {59.25, 11});
+    EXPECT_NEAR(control.focusRim().left() - before.left(), 0.25, 1e-9);
+    send(control, QEvent::MouseButtonRelease, {59.25, 11});
+    EXPECT_DOUBLE_EQ(control.amount(), 0.5);
+    EXPECT_EQ(control.focusRim(), before);
+}
+
 TEST_F(SliderTest, StaysWithinItsEndsHoweverFarTheHandGoes) {
     send(control, QEvent::MouseButtonPress, {50, 11});
     send(control, QEvent::MouseMove, {-500, 11});
@@ -98,7 +108,7 @@ TEST_F(SliderTest, TakesAnAmountFromTheProgramWithoutAnEditing) {
 }
 
 TEST_F(SliderTest, TakesAnAmountFromAScreenReaderAsAnEditing) {
-    accessible(control)->valueInterface()->setCurrentValue(250);
+    accessible(control)->valueInterface()->setCurrentValue(25);
     EXPECT_DOUBLE_EQ(control.amount(), 0.25);
     EXPECT_EQ(endings.count(), 1);
 }
@@ -115,7 +125,8 @@ TEST_F(SliderTest, TellsAScreenReaderWhatItIs) {
     ASSERT_TRUE(face);
     EXPECT_EQ(face->role(), QAccessible::Slider);
     EXPECT_EQ(face->text(QAccessible::Name), u"Volume");
-    EXPECT_EQ(face->valueInterface()->currentValue().toInt(), 500);
+    EXPECT_EQ(face->valueInterface()->currentValue().toInt(), 50);
+    EXPECT_EQ(face->valueInterface()->maximumValue().toInt(), 100);
 }
 
 } // namespace
