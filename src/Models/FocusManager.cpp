@@ -62,6 +62,17 @@ FocusManager::FocusManager(const Environment& environment, QObject* parent)
 
 FocusManager::~FocusManager() = default;
 
+const FocusSession* FocusManager::activeSession() const {
+    return m_currentSession && m_currentSession->isActive ? &*m_currentSession : nullptr;
+}
+
+SessionStatus FocusManager::status() const {
+    const FocusSession* session = activeSession();
+    if (!session)
+        return SessionStatus::ready;
+    return session->isPaused ? SessionStatus::paused : SessionStatus::focusing;
+}
+
 void FocusManager::startSession(FocusSession session) {
     performHapticTick();
     session.startTime = now();

@@ -63,6 +63,9 @@ public:
     /// The session now running or paused. A stored one that is neither is kept too: it blocks
     /// nothing, does not tick, and is discarded by `stopSession`.
     const std::optional<FocusSession>& currentSession() const { return m_currentSession; }
+    /// The current session while it runs or is paused; null otherwise.
+    const FocusSession* activeSession() const;
+    SessionStatus status() const;
     /// Oldest first.
     const std::vector<FocusPreset>& savedPresets() const { return m_savedPresets; }
     /// Ended sessions in the order they ended, oldest first.

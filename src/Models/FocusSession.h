@@ -13,6 +13,9 @@ namespace tolvar {
 
 enum class SessionOutcome { completed, endedEarly };
 
+/// Whether a session is on.
+enum class SessionStatus { ready, focusing, paused };
+
 /// One focus session from its planning to its end; also an entry of the history.
 struct FocusSession {
     /// The longest a pause may be, and the most that one pause stops the session's clock.

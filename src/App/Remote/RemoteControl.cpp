@@ -205,8 +205,7 @@ StatusReport RemoteControl::report() const {
 }
 
 const FocusSession* RemoteControl::session() const {
-    const auto& session = m_environment.focusManager.currentSession();
-    return session && session->isActive ? &*session : nullptr;
+    return m_environment.focusManager.activeSession();
 }
 
 void RemoteControl::sessionChanged() {

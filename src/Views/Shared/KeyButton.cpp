@@ -221,7 +221,7 @@ void KeyButton::paintLabel(QPainter& painter, const QRectF& label, const QColor&
         } else {
             rest.setLeft(box.right() + m_style.spacing);
         }
-        paintSymbol(painter, *m_symbol, box, ink);
+        paintSymbol(painter, *m_symbol, box, ink, m_style.symbolWeight);
     }
     if (m_showsText)
         Paint::text(painter, rest, m_name, m_style.font, ink);

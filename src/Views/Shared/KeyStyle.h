@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Views/Theme/Bevel.h"
+#include "Views/Theme/Symbol.h"
 
 #include <QFont>
 #include <QMarginsF>
@@ -19,6 +20,7 @@ struct KeyStyle {
     /// Around symbol and text.
     QMarginsF padding{13, 12, 13, 12};
     double symbolSize = 12;
+    SymbolWeight symbolWeight = SymbolWeight::regular;
     /// Between symbol and text.
     double spacing = 7;
     /// Whether the trackpad taps when it goes down.

@@ -1,0 +1,132 @@
+#include "Views/FocusWindow/FocusView.h"
+
+#include "Models/FocusManager.h"
+#include "Views/ActiveSession/ActiveSessionView.h"
+#include "Views/AppPicker/AppPickerSheet.h"
+#include "Views/FocusWindow/HeaderView.h"
+#include "Views/FocusWindow/ModeSelector.h"
+#include "Views/FocusWindow/RecordCounts.h"
+#include "Views/FocusWindow/SceneStack.h"
+#include "Views/Shared/FocusRing.h"
+#include "Views/StartSession/StartSessionView.h"
+#include "Views/Theme/Instrument.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace tolvar {
+
+namespace {
+
+struct Look {
+    int selectorSide = 20;
+    int aboveSelector = 16;
+};
+constexpr Look look;
+
+} // namespace
+
+FocusView::FocusView(const Environment& environment, QWidget* parent)
+    : QWidget(parent)
+    , m_environment(environment)
+    , m_header(new HeaderView(environment.context.motion, environment.focusManager.status()))
+    , m_scenes(new SceneStack(environment.context.motion)) {
+    setFixedSize(fixedSize);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_header);
+    column->addWidget(m_scenes, 1);
+    m_tabs = makeTabs();
+    new FocusRing(*this);
+    follow();
+    connect(&environment.focusManager, &FocusManager::currentSessionChanged, this,
+            &FocusView::follow);
+}
+
+FocusView::~FocusView() = default;
+
+QWidget* FocusView::makeTabs() {
+    auto* tabs = new QWidget(m_scenes);
+    tabs->hide();
+    m_selector = new ModeSelector(m_environment.context, m_selectedTab);
+    connect(m_selector, &ModeSelector::selected, this, &FocusView::select);
+    m_screens = new SceneStack(m_environment.context.motion);
+    m_screens->bringOn(screen(m_selectedTab));
+
+    auto* selectorRow = new QVBoxLayout;
+    selectorRow->setContentsMargins(look.selectorSide, look.aboveSelector, look.selectorSide, 0);
+    selectorRow->addWidget(m_selector);
+    auto* column = new QVBoxLayout(tabs);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(selectorRow);
+    column->addWidget(m_screens, 1);
+    return tabs;
+}
+
+/// Made when it is first wanted; the start screen keeps what was chosen.
+QWidget* FocusView::screen(FocusTab tab) {
+    QWidget*& screen = m_tabScreens[tab];
+    if (screen)
+        return screen;
+    switch (tab) {
+    case FocusTab::start:
+        return screen = makeStartSession();
+    case FocusTab::presets:
+        return screen = makePresetCount(m_environment.focusManager);
+    case FocusTab::history:
+        return screen = makeHistoryCount(m_environment.focusManager);
+    }
+    return nullptr;
+}
+
+QWidget* FocusView::makeStartSession() {
+    m_startSession = new StartSessionView({.context = m_environment.context,
+                                           .focusManager = m_environment.focusManager,
+                                           .categoryStore = m_environment.categoryStore,
+                                           .icons = m_environment.icons});
+    connect(m_startSession, &StartSessionView::appPickerRequested, this, &FocusView::pickApps);
+    return m_startSession;
+}
+
+void FocusView::select(FocusTab tab) {
+    m_selectedTab = tab;
+    m_screens->bringOn(screen(tab));
+}
+
+void FocusView::follow() {
+    m_header->setStatus(m_environment.focusManager.status());
+    const bool isActive = m_environment.focusManager.activeSession() != nullptr;
+    if (isActive && !m_activeSession)
+        showSession();
+    else if (!isActive && m_scenes->scene() != m_tabs)
+        showTabs();
+}
+
+void FocusView::showSession() {
+    const bool hadKeyboard = isAncestorOf(focusWidget());
+    m_activeSession = new ActiveSessionView(m_environment.context, m_environment.focusManager);
+    m_scenes->bringOn(m_activeSession);
+    if (hadKeyboard)
+        takeKeyboard(Qt::OtherFocusReason);
+}
+
+void FocusView::showTabs() {
+    m_scenes->bringOn(m_tabs);
+    delete m_activeSession;
+    takeKeyboard(Qt::OtherFocusReason);
+}
+
+void FocusView::takeKeyboard(Qt::FocusReason reason) {
+    if (m_activeSession)
+        m_activeSession->takeKeyboard(reason);
+    else if (m_selectedTab == FocusTab::start)
+        m_startSession->focusGoal(reason);
+}
+
+void FocusView::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), Instrument::Palette::panel);
+}
+
+} // namespace tolvar

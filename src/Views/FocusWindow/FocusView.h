@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Views/FocusWindow/FocusTab.h"
+#include "Views/Shared/ControlContext.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <map>
+
+namespace tolvar {
+
+class ActiveSessionView;
+class AppPickerSheet;
+class ApplicationIcons;
+class CategoryStore;
+class FocusManager;
+class HeaderView;
+class InstalledApplications;
+class ModeSelector;
+class SceneStack;
+class StartSessionView;
+
+/// The whole window's content: the header and, below it, the session that is on, or the mode
+/// selector with the screen of the selected tab.
+class FocusView final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Points.
+    static constexpr QSize fixedSize{400, 578};
+
+    /// What it shows and steers; all outlive it.
+    struct Environment {
+        ControlContext context;
+        FocusManager& focusManager;
+        CategoryStore& categoryStore;
+        ApplicationIcons& icons;
+    };
+
+    explicit FocusView(const Environment& environment, QWidget* parent = nullptr);
+    ~FocusView() override;
+
+    FocusTab selectedTab() const { return m_selectedTab; }
+    /// Puts the keyboard where a person who has just opened the window begins.
+    void takeKeyboard(Qt::FocusReason reason);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QWidget* makeTabs();
+    QWidget* screen(FocusTab tab);
+    QWidget* makeStartSession();
+    void select(FocusTab tab);
+    void follow();
+    void showSession();
+    void showTabs();
+    void pickApps();
+
+    Environment m_environment;
+    FocusTab m_selectedTab = FocusTab::start;
+    HeaderView* m_header;
+    SceneStack* m_scenes;
+    QWidget* m_tabs = nullptr;
+    ModeSelector* m_selector = nullptr;
+    SceneStack* m_screens = nullptr;
+    std::map<FocusTab, QWidget*> m_tabScreens;
+    StartSessionView* m_startSession = nullptr;
+    QPointer<ActiveSessionView> m_activeSession;
+};
+
+} // namespace tolvar

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Extensions/Subscription.h"
+#include "Views/Popover/ClosingPress.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace tolvar {
+
+class PanelWindows;
+class PointerPresses;
+
+/// The window that opens beside the status item and stays for as long as it is used: a press
+/// anywhere else, another window that takes the keyboard, Escape and a click on the item close it.
+/// It is as large as its content and keeps it while it is closed.
+class PopoverWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What it needs of the desktop; all outlive it.
+    struct Environment {
+        PanelWindows& panels;
+        PointerPresses& presses;
+        /// Seconds, monotonic.
+        std::function<double()> mediaTime;
+    };
+
+    /// The window owns the content, which has a fixed size.
+    PopoverWindow(const Environment& environment, QWidget* content);
+
+    /// Closes the popover when it is open, and opens it otherwise: at `anchor`, in device pixels of
+    /// the whole desktop, or else where the pointer is. A click whose press has closed it does not
+    /// open it again.
+    void toggle(const std::optional<QRect>& anchor);
+    /// Opens it, if it is not open, and gives it the keyboard in any case.
+    void open(const std::optional<QRect>& anchor);
+    /// Keeps it beside its anchor, which has moved.
+    void follow(const QRect& anchor);
+
+Q_SIGNALS:
+    void willShow();
+    void didShow();
+    void didClose();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void place();
+    void pressed(const QPoint& position);
+    void closeUnlessOurs();
+
+    Environment m_environment;
+    QWidget* m_content;
+    /// Device pixels; nothing while it stands where the pointer was.
+    std::optional<QRect> m_anchor;
+    ClosingPress m_closingPress;
+    Subscription m_presses;
+};
+
+} // namespace tolvar
