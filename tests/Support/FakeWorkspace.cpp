@@ -100,6 +100,11 @@ FakeWorkspace::application(const ApplicationHandle& handle) const {
                                          : std::nullopt;
 }
 
+std::vector<ArgbPicture> FakeWorkspace::icon(const ApplicationHandle& handle) const {
+    const auto found = m_applications.find(handle);
+    return found != m_applications.end() ? found->second.icon : std::vector<ArgbPicture>();
+}
+
 void FakeWorkspace::hide(const ApplicationHandle& handle) {
     auto& application = running(handle);
     m_journal.record(u"hide "_s + application.name);

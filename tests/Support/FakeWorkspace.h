@@ -48,6 +48,12 @@ public:
 
     /// Tells of each unhidden window as an activation while it is shown, as some desktops do.
     void reportUnhidingAsActivation() { m_reportsUnhiding = true; }
+    /// What the application's windows bring as its icon; nothing at first.
+    void setIcon(const ApplicationHandle& handle, const std::vector<ArgbPicture>& icon) {
+        running(handle).icon = icon;
+    }
+    /// Whether windows can be hidden here; they can at first.
+    void setHidingSupport(HidingSupport support) { m_hidingSupport = support; }
     /// The end of this test finds windows hidden by the program, and that is right.
     void expectHiddenAtEnd() { m_expectsHiddenAtEnd = true; }
     /// The program is killed: from now on nothing it asks for reaches the desktop.
@@ -56,10 +62,11 @@ public:
     /// earlier run's. The killed one's objects are gone by now.
     void restartProgram();
 
-    HidingSupport hidingSupport() const override { return HidingSupport::full; }
+    HidingSupport hidingSupport() const override { return m_hidingSupport; }
     std::vector<RunningApplication> runningApplications() const override;
     std::optional<RunningApplication> frontmostApplication() const override;
     std::optional<RunningApplication> application(const ApplicationHandle& handle) const override;
+    std::vector<ArgbPicture> icon(const ApplicationHandle& handle) const override;
     void hide(const ApplicationHandle& handle) override;
     void unhide(const ApplicationHandle& handle) override;
     void activateSelf() override;
@@ -75,6 +82,7 @@ private:
         qint64 processIdentifier = 0;
         std::vector<Window> windows;
         bool isHiddenByEarlierRun = false;
+        std::vector<ArgbPicture> icon = {};
     };
     using Observers = std::map<int, Observer>;
 
@@ -91,6 +99,7 @@ private:
     /// Outlives the workspace while subscriptions to it are held.
     std::shared_ptr<Observers> m_observers = std::make_shared<Observers>();
     int m_nextId = 1;
+    HidingSupport m_hidingSupport = HidingSupport::full;
     bool m_reportsUnhiding = false;
     bool m_expectsHiddenAtEnd = false;
     bool m_programIsDead = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Extensions/Subscription.h"
+#include "Platform/Interfaces/ArgbPicture.h"
 
 #include <QString>
 
@@ -62,6 +63,9 @@ public:
     /// The application behind `handle`, or nothing when it has terminated.
     virtual std::optional<RunningApplication>
     application(const ApplicationHandle& handle) const = 0;
+    /// The application's icon as its windows bring it, in every size that they have; empty when
+    /// they bring none, or the application has terminated.
+    virtual std::vector<ArgbPicture> icon(const ApplicationHandle& handle) const = 0;
 
     /// Hides every shown window of the application and remembers which these were. The memory of
     /// it outlives this process: see `hiddenByEarlierRun`.

@@ -13,6 +13,7 @@ public:
     std::optional<RunningApplication> application(const ApplicationHandle&) const override {
         return {};
     }
+    std::vector<ArgbPicture> icon(const ApplicationHandle&) const override { return {}; }
     void hide(const ApplicationHandle&) override {}
     void unhide(const ApplicationHandle&) override {}
     void activateSelf() override {}

@@ -94,18 +94,6 @@ QString messageLocale() {
     return languages.isEmpty() ? locale : languages + u':' + locale;
 }
 
-/// Desktops usually list the folders of Flatpak and Snap themselves, in their own order.
-QStringList dataFoldersOfThisDesktop() {
-    QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
-    folders << QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                   u"/flatpak/exports/share"_s
-            << u"/var/lib/flatpak/exports/share"_s << u"/var/lib/snapd/desktop"_s;
-    for (QString& folder : folders)
-        folder = QDir::cleanPath(folder);
-    folders.removeDuplicates();
-    return folders;
-}
-
 } // namespace
 
 DesktopEntries::DesktopEntries(QStringList dataFolders, QStringList desktops, QString locale)
@@ -118,6 +106,18 @@ DesktopEntries DesktopEntries::ofThisDesktop() {
         dataFoldersOfThisDesktop(),
         qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts),
         messageLocale());
+}
+
+/// Desktops usually list the folders of Flatpak and Snap themselves, in their own order.
+QStringList DesktopEntries::dataFoldersOfThisDesktop() {
+    QStringList folders = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    folders << QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                   u"/flatpak/exports/share"_s
+            << u"/var/lib/flatpak/exports/share"_s << u"/var/lib/snapd/desktop"_s;
+    for (QString& folder : folders)
+        folder = QDir::cleanPath(folder);
+    folders.removeDuplicates();
+    return folders;
 }
 
 std::vector<DesktopEntry> DesktopEntries::load() const {

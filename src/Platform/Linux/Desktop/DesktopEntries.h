@@ -41,6 +41,8 @@ public:
     /// XDG_DATA_HOME and XDG_DATA_DIRS (XDG Base Directory Specification) with the folders where
     /// Flatpak and Snap export entries, XDG_CURRENT_DESKTOP and the locale of messages.
     static DesktopEntries ofThisDesktop();
+    /// These folders.
+    static QStringList dataFoldersOfThisDesktop();
 
     /// Reads the folders afresh; sorted by id. What cannot be read is left out.
     std::vector<DesktopEntry> load() const;

@@ -3,6 +3,7 @@
 #include "Platform/Linux/X11/ActivityTracker.h"
 #include "Platform/Linux/X11/DeskReader.h"
 #include "Platform/Linux/X11/HidingLedger.h"
+#include "Platform/Linux/X11/WindowIcon.h"
 #include "Platform/Linux/X11/WindowWatch.h"
 #include "Platform/Linux/X11/XConnection.h"
 
@@ -39,6 +40,7 @@ public:
     /// The desktop now; nothing of it under a window manager that can hide no windows.
     Desk look();
     std::optional<RunningApplication> frontmost();
+    std::vector<ArgbPicture> icon(const QString& key);
     void hide(const QString& key);
     void unhide(const QString& key);
     void activateSelf();
@@ -140,6 +142,14 @@ std::optional<RunningApplication> X11Workspace::Session::frontmost() {
     if (!m_settled || !isObserved() || !m_isManagerKnown || m_connection->hasEvents() || isLost())
         m_settled = look();
     return m_settled->frontmost();
+}
+
+/// Dialogs often bring none; the first window that does speaks for all.
+std::vector<ArgbPicture> X11Workspace::Session::icon(const QString& key) {
+    for (const DeskWindow& window : look().windowsOf(key))
+        if (auto icon = readWindowIcon(*m_connection, window.facts.id); !icon.empty())
+            return icon;
+    return {};
 }
 
 void X11Workspace::Session::hide(const QString& key) {
@@ -410,6 +420,10 @@ std::optional<RunningApplication> X11Workspace::frontmostApplication() const {
 
 std::optional<RunningApplication> X11Workspace::application(const ApplicationHandle& handle) const {
     return m_session->look().application(handle.key);
+}
+
+std::vector<ArgbPicture> X11Workspace::icon(const ApplicationHandle& handle) const {
+    return m_session->icon(handle.key);
 }
 
 void X11Workspace::hide(const ApplicationHandle& handle) {

@@ -26,6 +26,7 @@ public:
     std::vector<RunningApplication> runningApplications() const override;
     std::optional<RunningApplication> frontmostApplication() const override;
     std::optional<RunningApplication> application(const ApplicationHandle& handle) const override;
+    std::vector<ArgbPicture> icon(const ApplicationHandle& handle) const override;
     void hide(const ApplicationHandle& handle) override;
     void unhide(const ApplicationHandle& handle) override;
     void activateSelf() override;

@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr std::array<std::string_view, 7> atomNames{
+constexpr std::array<std::string_view, 9> atomNames{
     "WM_STATE",
     "WM_CHANGE_STATE",
     "WM_CLIENT_LEADER",
@@ -26,10 +26,9 @@ constexpr std::array<std::string_view, 7> atomNames{
     "_KDE_NET_WM_DESKTOP_FILE",
     "I3_SOCKET_PATH",
     "_TOLVAR_HIDDEN",
+    "_XSETTINGS_S0",
+    "_XSETTINGS_SETTINGS",
 };
-
-/// Longer properties are cut off there: enough for the client list of any desktop.
-constexpr std::uint32_t maximumPropertyWords = 16384;
 
 struct FreeReply {
     void operator()(void* reply) const { free(reply); }
@@ -141,9 +140,9 @@ bool XConnection::isAlive() const {
     return xcb_connection_has_error(get()) == 0;
 }
 
-xcb_get_property_cookie_t XConnection::ask(xcb_window_t window, xcb_atom_t property) const {
-    return xcb_get_property(get(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                            maximumPropertyWords);
+xcb_get_property_cookie_t XConnection::ask(xcb_window_t window, xcb_atom_t property,
+                                           std::uint32_t maximumWords) const {
+    return xcb_get_property(get(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, maximumWords);
 }
 
 std::optional<XProperty> XConnection::take(xcb_get_property_cookie_t cookie) const {
@@ -155,8 +154,21 @@ std::optional<XProperty> XConnection::take(xcb_get_property_cookie_t cookie) con
                                 xcb_get_property_value_length(reply.get()))};
 }
 
-XProperty XConnection::read(xcb_window_t window, xcb_atom_t property) const {
-    return take(ask(window, property)).value_or(XProperty());
+XProperty XConnection::read(xcb_window_t window, xcb_atom_t property,
+                            std::uint32_t maximumWords) const {
+    return take(ask(window, property, maximumWords)).value_or(XProperty());
+}
+
+xcb_window_t XConnection::selectionOwner(xcb_atom_t selection) const {
+    const auto reply =
+        takeReply(xcb_get_selection_owner_reply, get(), xcb_get_selection_owner(get(), selection));
+    return reply ? reply->owner : xcb_window_t(XCB_NONE);
+}
+
+bool XConnection::isMapped(xcb_window_t window) const {
+    const auto reply =
+        takeReply(xcb_get_window_attributes_reply, get(), xcb_get_window_attributes(get(), window));
+    return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
 }
 
 std::vector<qint64> XConnection::localProcesses(const std::vector<xcb_window_t>& windows) const {

@@ -26,6 +26,9 @@ enum class XAtom {
     i3SocketPath,
     /// Our own mark on a window that we hid; see HiddenMark.
     tolvarHidden,
+    /// The selection and the property of the desktop's settings; see XSettings.
+    xSettingsSelection,
+    xSettingsSettings,
 };
 
 /// The value of one property of a window. Absent properties are empty.
@@ -65,12 +68,22 @@ public:
     xcb_window_t root() const { return m_root; }
     int fileDescriptor() const { return xcb_get_file_descriptor(get()); }
 
+    /// Longer properties are cut off there: enough for the client list of any desktop.
+    static constexpr std::uint32_t maximumPropertyWords = 16384;
+
     /// Asks for a property without waiting for the answer. Every cookie goes to `take` once.
-    xcb_get_property_cookie_t ask(xcb_window_t window, xcb_atom_t property) const;
+    xcb_get_property_cookie_t ask(xcb_window_t window, xcb_atom_t property,
+                                  std::uint32_t maximumWords = maximumPropertyWords) const;
     /// Waits for the answer; nothing when the window is gone.
     std::optional<XProperty> take(xcb_get_property_cookie_t cookie) const;
     /// Asks and waits; empty when the window is gone.
-    XProperty read(xcb_window_t window, xcb_atom_t property) const;
+    XProperty read(xcb_window_t window, xcb_atom_t property,
+                   std::uint32_t maximumWords = maximumPropertyWords) const;
+
+    /// Who owns a selection; none when nobody does.
+    xcb_window_t selectionOwner(xcb_atom_t selection) const;
+    /// Whether the window has been asked to be shown, by its owner or its manager.
+    bool isMapped(xcb_window_t window) const;
 
     /// The process at the other end of each window's connection to the server, in the order of
     /// `windows`; 0 where the server cannot tell (X-Resource 1.2).
@@ -121,7 +134,7 @@ private:
 
     xcb_ewmh_connection_t m_ewmh{};
     xcb_window_t m_root = XCB_NONE;
-    std::array<xcb_atom_t, 7> m_atoms{};
+    std::array<xcb_atom_t, 9> m_atoms{};
     bool m_knowsProcesses = false;
     std::vector<Event> m_events;
 };

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Platform/Interfaces/PanelWindows.h"
+
+namespace tolvar {
+
+/// A desktop that cannot be asked for anything, and composites, as all do that are no X server.
+class NullPanelWindows final : public PanelWindows {
+public:
+    void setTraits(NativeWindow, PanelTraits) override {}
+    void activate(NativeWindow) override {}
+    bool showsTranslucency() const override { return true; }
+};
+
+} // namespace tolvar
