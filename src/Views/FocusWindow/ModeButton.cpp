@@ -126,8 +126,8 @@ void ModeButton::paintEvent(QPaintEvent*) {
         painter.scale(m_pop.value(), m_pop.value());
         painter.translate(-center);
     }
-    const QColor unlit = mixedColor(Palette::labelTertiary, Palette::labelSecondary,
-                                    look.hover * m_hover.value());
+    const QColor unlit =
+        mixedColor(Palette::labelTertiary, Palette::labelSecondary, look.hover * m_hover.value());
     paintSymbol(painter, symbol(m_tab), box, mixedColor(unlit, Palette::amber, m_light.value()));
 }
 

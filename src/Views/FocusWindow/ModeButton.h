@@ -10,8 +10,8 @@
 
 namespace tolvar {
 
-/// One slot of the mode selector: the symbol of a tab, lit while the tab is selected. The whole slot
-/// can be pressed. To assistive technology it is a page tab.
+/// One slot of the mode selector: the symbol of a tab, lit while the tab is selected. The whole
+/// slot can be pressed. To assistive technology it is a page tab.
 class ModeButton final : public QAbstractButton, public HasFocusRim {
     Q_OBJECT
 

@@ -135,8 +135,8 @@ void ModeSelector::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const SlotGeometry places = geometry();
     Paint::bevel(painter, rect(), look.radius, Bevel::well);
-    const QRectF highlight = placed(
-        places.highlight(m_leadingEdge.value(), m_trailingEdge.value(), height()));
+    const QRectF highlight =
+        placed(places.highlight(m_leadingEdge.value(), m_trailingEdge.value(), height()));
     Paint::bevel(painter, highlight, look.radius - places.inset, Bevel::modeIndicator);
 }
 

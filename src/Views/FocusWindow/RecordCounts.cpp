@@ -19,9 +19,8 @@ EmptyState* presets(std::size_t count) {
     if (count == 0)
         return new EmptyState(Symbol::bookmarkSlash, u"No presets yet"_s,
                               u"Save any past focus session as a preset from the History tab."_s);
-    return new EmptyState(
-        Symbol::bookmark, count == 1 ? u"1 preset"_s : u"%1 presets"_s.arg(count),
-        u"To start one, type “tolvar start GOAL --preset NAME” in a terminal."_s);
+    return new EmptyState(Symbol::bookmark, count == 1 ? u"1 preset"_s : u"%1 presets"_s.arg(count),
+                          u"To start one, type “tolvar start GOAL --preset NAME” in a terminal."_s);
 }
 
 EmptyState* history(std::size_t count) {

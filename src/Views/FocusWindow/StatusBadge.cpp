@@ -133,8 +133,7 @@ QColor StatusBadge::presentInk() const {
 
 /// At the trailing end of the room it has.
 QRectF StatusBadge::capsule() const {
-    const double width =
-        mixed(capsuleWidth(m_former), capsuleWidth(m_status), m_push.value());
+    const double width = mixed(capsuleWidth(m_former), capsuleWidth(m_status), m_push.value());
     QRectF rect(0, 0, std::min(width, QWidget::width() * 1.0), height());
     if (layoutDirection() == Qt::LeftToRight)
         rect.moveRight(QWidget::width());

@@ -22,8 +22,8 @@ namespace {
 /// Between the popover and its anchor, and the edges of the screen.
 constexpr int gap = 4;
 
-constexpr PanelTraits traits = PanelTrait::onEveryDesktop | PanelTrait::outOfTaskbar |
-                               PanelTrait::aboveOthers;
+constexpr PanelTraits traits =
+    PanelTrait::onEveryDesktop | PanelTrait::outOfTaskbar | PanelTrait::aboveOthers;
 
 /// The screen's part of the desktop in device pixels.
 QRect pixels(const QScreen& screen) {
@@ -69,8 +69,7 @@ bool isOurs(const QPoint& position) {
 } // namespace
 
 PopoverWindow::PopoverWindow(const Environment& environment, QWidget* content)
-    : QWidget(nullptr,
-              Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , m_environment(environment)
     , m_content(content) {
     setWindowTitle(u"Tolvar"_s);
@@ -106,10 +105,12 @@ void PopoverWindow::follow(const QRect& anchor) {
 }
 
 void PopoverWindow::place() {
-    QScreen* screen = m_anchor ? screenAt(m_anchor->center()) : QGuiApplication::screenAt(QCursor::pos());
+    QScreen* screen =
+        m_anchor ? screenAt(m_anchor->center()) : QGuiApplication::screenAt(QCursor::pos());
     if (!screen)
         screen = QGuiApplication::primaryScreen();
-    const QRect anchor = m_anchor ? toPoints(*m_anchor, *screen) : QRect(QCursor::pos(), QSize(1, 1));
+    const QRect anchor =
+        m_anchor ? toPoints(*m_anchor, *screen) : QRect(QCursor::pos(), QSize(1, 1));
     windowHandle()->setScreen(screen);
     move(placePopover(anchor, size(), screen->availableGeometry(), gap).topLeft());
 }

@@ -5,8 +5,8 @@
 
 namespace tolvar {
 
-/// The castle by itself, in one colour. To assistive technology it is a picture, once it has a name;
-/// without one it is left out.
+/// The castle by itself, in one colour. To assistive technology it is a picture, once it has a
+/// name; without one it is left out.
 class CastleView final : public QWidget {
     Q_OBJECT
 

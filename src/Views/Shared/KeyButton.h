@@ -49,6 +49,8 @@ protected:
     /// The size of what `paintLabel` paints.
     virtual QSizeF labelSize() const;
     const KeyStyle& keyStyle() const { return m_style; }
+    /// Where the label stands while the key is up.
+    QRectF labelPlace() const;
 
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -64,7 +66,6 @@ private:
     void moveTo(bool isHeld);
     void updateHover();
     double depth() const;
-    QRectF labelPlace() const;
     QColor ink() const;
     bool isHeld() const { return isDown() && isEnabled(); }
 

@@ -49,8 +49,8 @@ QSizeF CategoryButton::labelSize() const {
 
 QSize CategoryButton::minimumSizeHint() const {
     const QMarginsF& padding = keyStyle().padding;
-    const double width = padding.left() + look.lamp + look.besideLamp + look.shortestText +
-                         padding.right();
+    const double width =
+        padding.left() + look.lamp + look.besideLamp + look.shortestText + padding.right();
     return {static_cast<int>(width), sizeHint().height()};
 }
 
@@ -66,8 +66,8 @@ void CategoryButton::paintLabel(QPainter& painter, const QRectF& label, const QC
     m_lamp.paint(painter, {lampX, label.center().y()}, look.lamp);
 
     const double beside = look.lamp + look.besideLamp;
-    const QRectF line = isMirrored ? label.adjusted(0, 0, -beside, 0)
-                                   : label.adjusted(beside, 0, 0, 0);
+    const QRectF line =
+        isMirrored ? label.adjusted(0, 0, -beside, 0) : label.adjusted(beside, 0, 0, 0);
     Paint::text(painter, line, name(), keyStyle().font, ink,
                 isMirrored ? Qt::AlignRight : Qt::AlignLeft);
 }

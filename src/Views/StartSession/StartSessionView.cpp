@@ -154,7 +154,7 @@ void StartSessionView::showCategories() {
 }
 
 QWidget* StartSessionView::makeCustomApps() {
-    m_customApps = new CustomAppsRow(m_environment.context);
+    m_customApps = new CustomAppsRow(m_environment.context, m_environment.icons);
     connect(m_customApps, &KeyButton::clicked, this, &StartSessionView::appPickerRequested);
     return m_customApps;
 }

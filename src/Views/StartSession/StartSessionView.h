@@ -23,8 +23,8 @@ class FadingScrollArea;
 class FocusManager;
 class InstrumentField;
 
-/// The screen on which a session is planned and started. What was chosen stays chosen for as long as
-/// the screen lives.
+/// The screen on which a session is planned and started. What was chosen stays chosen for as long
+/// as the screen lives.
 class StartSessionView final : public QWidget {
     Q_OBJECT
 

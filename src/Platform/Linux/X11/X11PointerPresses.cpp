@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/X11/XConnection.h"
 
+#include <QObject>
 #include <QSocketNotifier>
 
 #include <xcb/xinput.h>
@@ -19,8 +20,9 @@ bool isScrolling(std::uint32_t button) {
     return button >= 4 && button <= 7;
 }
 
-/// One observer and its connection.
-class PressWatch {
+/// One observer and its connection. Destroyed by deleteLater(), because its end may come from the
+/// observer itself.
+class PressWatch final : public QObject {
 public:
     PressWatch(std::unique_ptr<XConnection> connection, PointerPresses::Pressed pressed)
         : m_connection(std::move(connection))
@@ -29,6 +31,8 @@ public:
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
                          [this] { readEvents(); });
     }
+
+    void end() { m_notifier.setEnabled(false); }
 
     /// Whether the server has the extension.
     bool begin() {
@@ -48,24 +52,22 @@ public:
     }
 
 private:
-    /// The observer may drop this watch.
     void readEvents() {
         bool isPressed = false;
         while (const auto event = m_connection->nextEvent())
             isPressed = isPressed || isPress(*event);
         if (!m_connection->isAlive())
             m_notifier.setEnabled(false);
-        const auto position = isPressed ? pointer() : std::nullopt;
-        if (position)
-            PointerPresses::Pressed(m_pressed)(*position);
+        if (const auto position = isPressed ? pointer() : std::nullopt)
+            m_pressed(*position);
     }
 
     bool isPress(const xcb_generic_event_t& event) const {
         if ((event.response_type & 0x7f) != XCB_GE_GENERIC)
             return false;
         const auto& press = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
-        return press.extension == m_opcode &&
-               press.event_type == XCB_INPUT_RAW_BUTTON_PRESS && !isScrolling(press.detail);
+        return press.extension == m_opcode && press.event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
+               !isScrolling(press.detail);
     }
 
     /// Raw events do not say where.
@@ -90,10 +92,13 @@ Subscription X11PointerPresses::observe(Pressed pressed) {
     auto connection = XConnection::open();
     if (!connection)
         return {};
-    auto watch = std::make_shared<PressWatch>(std::move(connection), std::move(pressed));
+    auto watch = std::make_unique<PressWatch>(std::move(connection), std::move(pressed));
     if (!watch->begin())
         return {};
-    return Subscription([watch]() mutable { watch.reset(); });
+    return Subscription([watch = watch.release()] {
+        watch->end();
+        watch->deleteLater();
+    });
 }
 
 } // namespace tolvar
