@@ -1,5 +1,6 @@
 #include "Gallery/Pages.h"
 
+#include "Gallery/SessionPages.h"
 #include "Gallery/States.h"
 #include "Gallery/TouchPage.h"
 #include "Views/Paint/Paint.h"
@@ -282,10 +283,11 @@ const std::vector<Page>& pages() {
     const auto touch = [](const ControlContext& context) -> QWidget* {
         return new TouchPage(context);
     };
-    static const std::vector<Page> all{{u"touch"_s, touch},       {u"keys"_s, keys},
-                                       {u"switches"_s, switches}, {u"lamps"_s, lamps},
-                                       {u"fields"_s, fields},     {u"sheet"_s, sheet},
-                                       {u"menus"_s, menus},       {u"symbols"_s, symbols}};
+    static const std::vector<Page> all{
+        {u"touch"_s, touch},     {u"keys"_s, keys},       {u"switches"_s, switches},
+        {u"lamps"_s, lamps},     {u"fields"_s, fields},   {u"sheet"_s, sheet},
+        {u"menus"_s, menus},     {u"symbols"_s, symbols}, {u"session"_s, sessionPage},
+        {u"pause"_s, pausePage}, {u"goals"_s, goalsPage}};
     return all;
 }
 
