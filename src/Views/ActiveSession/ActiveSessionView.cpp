@@ -144,6 +144,11 @@ void ActiveSessionView::showParts(bool isShown) {
         part->setVisible(isShown);
 }
 
+void ActiveSessionView::takeKeyboard(Qt::FocusReason reason) {
+    QWidget* first = m_pauseKey->isEnabled() ? static_cast<QWidget*>(m_pauseKey) : m_extendKey;
+    first->setFocus(reason);
+}
+
 QSize ActiveSessionView::sizeHint() const {
     return {screenStyle.width, screenStyle.height};
 }

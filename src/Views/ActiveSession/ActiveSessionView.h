@@ -35,6 +35,9 @@ public:
     /// How often the session was extended here.
     int extendCount() const { return m_extendCount; }
 
+    /// Puts the keyboard on the first key that can be pressed.
+    void takeKeyboard(Qt::FocusReason reason);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -90,6 +90,20 @@ QWidget* FocusView::makeStartSession() {
     return m_startSession;
 }
 
+void FocusView::pickApps() {
+    if (!m_appPicker) {
+        m_appPicker = new AppPickerSheet(m_environment.context,
+                                         {.installed = m_environment.installed,
+                                          .workspace = m_environment.workspace,
+                                          .icons = m_environment.icons,
+                                          .ownName = m_environment.ownName},
+                                         *this);
+        connect(m_appPicker, &AppPickerSheet::selectionChanged, m_startSession,
+                &StartSessionView::setCustomApps);
+    }
+    m_appPicker->open(m_startSession->plan().customApps);
+}
+
 void FocusView::select(FocusTab tab) {
     m_selectedTab = tab;
     m_screens->bringOn(screen(tab));

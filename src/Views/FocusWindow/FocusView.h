@@ -20,6 +20,7 @@ class InstalledApplications;
 class ModeSelector;
 class SceneStack;
 class StartSessionView;
+class Workspace;
 
 /// The whole window's content: the header and, below it, the session that is on, or the mode
 /// selector with the screen of the selected tab.
@@ -35,7 +36,11 @@ public:
         ControlContext context;
         FocusManager& focusManager;
         CategoryStore& categoryStore;
+        const InstalledApplications& installed;
+        const Workspace& workspace;
         ApplicationIcons& icons;
+        /// Of this program, which cannot be chosen to be blocked.
+        QString ownName;
     };
 
     explicit FocusView(const Environment& environment, QWidget* parent = nullptr);
@@ -67,6 +72,7 @@ private:
     SceneStack* m_screens = nullptr;
     std::map<FocusTab, QWidget*> m_tabScreens;
     StartSessionView* m_startSession = nullptr;
+    AppPickerSheet* m_appPicker = nullptr;
     QPointer<ActiveSessionView> m_activeSession;
 };
 

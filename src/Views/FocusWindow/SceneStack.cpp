@@ -62,7 +62,7 @@ void SceneStack::bringOn(QWidget* scene) {
     if (scene == m_scene)
         return;
     const bool isSeen = isVisible() && m_scene;
-    m_former = isSeen ? m_scene->grab() : QPixmap();
+    const QPixmap former = isSeen ? m_scene->grab() : QPixmap();
     if (m_scene)
         m_scene->hide();
     m_scene = scene;
@@ -75,6 +75,7 @@ void SceneStack::bringOn(QWidget* scene) {
     m_leaving.jumpTo(1);
     m_entering.animateTo(1, entrance, {.delay = entranceDelay});
     m_leaving.animateTo(0, exit);
+    m_former = former;
     changed();
 }
 

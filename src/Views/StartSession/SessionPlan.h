@@ -3,6 +3,7 @@
 #include "Models/FocusSession.h"
 
 #include <QString>
+#include <QStringView>
 
 #include <array>
 #include <optional>
@@ -14,7 +15,7 @@ namespace tolvar {
 /// What a person has chosen on the start screen so far.
 struct SessionPlan {
     struct Length {
-        const char16_t* title;
+        QStringView title;
         Seconds seconds;
     };
     /// The lengths on offer, in the order of their keys.

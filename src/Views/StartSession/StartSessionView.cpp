@@ -111,7 +111,7 @@ QWidget* StartSessionView::makeDurations() {
     auto* keys = new QWidget;
     QGridLayout* grid = keyGrid(keys, look.durationColumns);
     for (const auto& [title, seconds] : SessionPlan::durations) {
-        auto* key = new DurationButton(m_environment.context, QString(title));
+        auto* key = new DurationButton(m_environment.context, title.toString());
         key->setLatched(seconds == m_plan.selectedDuration);
         connect(key, &KeyButton::clicked, this, [this, seconds = seconds] { choose(seconds); });
         const int place = static_cast<int>(m_durations.size());

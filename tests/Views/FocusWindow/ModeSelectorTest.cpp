@@ -1,5 +1,6 @@
-#include "Views/FocusWindow/ModeButton.h"
 #include "Views/FocusWindow/ModeSelector.h"
+
+#include "Views/FocusWindow/ModeButton.h"
 #include "Views/Shared/ControlTest.h"
 
 #include <QSignalSpy>
@@ -96,8 +97,8 @@ TEST_F(ModeSelectorTest, TellsAScreenReaderItsTabs) {
     for (const FocusTab tab : allFocusTabs) {
         auto* face = accessible(button(tab));
         EXPECT_EQ(face->role(), QAccessible::PageTab);
-        EXPECT_EQ(face->text(QAccessible::Name), QString(names[static_cast<int>(tab)]));
-        EXPECT_EQ(button(tab).toolTip(), QString(names[static_cast<int>(tab)]));
+        EXPECT_EQ(face->text(QAccessible::Name), QString::fromUtf16(names[static_cast<int>(tab)]));
+        EXPECT_EQ(button(tab).toolTip(), QString::fromUtf16(names[static_cast<int>(tab)]));
         EXPECT_EQ(face->state().selected, tab == FocusTab::start);
     }
     accessible(button(FocusTab::history))

@@ -1,4 +1,5 @@
 #include "Views/FocusWindow/SceneStack.h"
+
 #include "Views/Shared/ControlTest.h"
 
 #include <QPainter>

@@ -1,4 +1,5 @@
 #include "Views/FocusWindow/StatusBadge.h"
+
 #include "Views/Shared/ControlTest.h"
 
 namespace tolvar::test {

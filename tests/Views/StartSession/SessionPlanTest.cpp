@@ -2,6 +2,8 @@
 
 #include "Support/Texts.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace tolvar::test {
@@ -22,7 +24,7 @@ const std::vector<BlockCategory> categories{
 TEST(SessionPlan, OffersSixLengthsAndBeginsWithTwentyFiveMinutes) {
     QStringList titles;
     for (const auto& [title, seconds] : SessionPlan::durations)
-        titles << u"%1=%2"_s.arg(QString(title)).arg(seconds);
+        titles << u"%1=%2"_s.arg(title.toString()).arg(seconds);
     EXPECT_EQ(titles, QStringList({u"5m=300"_s, u"15m=900"_s, u"25m=1500"_s, u"45m=2700"_s,
                                    u"1h=3600"_s, u"2h=7200"_s}));
     EXPECT_EQ(SessionPlan().selectedDuration, 1500);
