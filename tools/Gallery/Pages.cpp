@@ -1,5 +1,6 @@
 #include "Gallery/Pages.h"
 
+#include "Gallery/PickerPages.h"
 #include "Gallery/States.h"
 #include "Gallery/TouchPage.h"
 #include "Views/Paint/Paint.h"
@@ -17,6 +18,9 @@
 #include <QPixmap>
 #include <QStyleOption>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace tolvar::gallery {
 
@@ -282,10 +286,14 @@ const std::vector<Page>& pages() {
     const auto touch = [](const ControlContext& context) -> QWidget* {
         return new TouchPage(context);
     };
-    static const std::vector<Page> all{{u"touch"_s, touch},       {u"keys"_s, keys},
-                                       {u"switches"_s, switches}, {u"lamps"_s, lamps},
-                                       {u"fields"_s, fields},     {u"sheet"_s, sheet},
-                                       {u"menus"_s, menus},       {u"symbols"_s, symbols}};
+    static const std::vector<Page> all = [&] {
+        std::vector<Page> made{{u"touch"_s, touch},       {u"keys"_s, keys},
+                               {u"switches"_s, switches}, {u"lamps"_s, lamps},
+                               {u"fields"_s, fields},     {u"sheet"_s, sheet},
+                               {u"menus"_s, menus},       {u"symbols"_s, symbols}};
+        std::ranges::copy(pickerPages(), std::back_inserter(made));
+        return made;
+    }();
     return all;
 }
 
