@@ -1,8 +1,10 @@
 #include "Gallery/Pages.h"
 
+#include "Gallery/PickerPages.h"
 #include "Gallery/SessionPages.h"
 #include "Gallery/States.h"
 #include "Gallery/TouchPage.h"
+#include "Gallery/WindowPages.h"
 #include "Views/Paint/Paint.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/InstrumentSlider.h"
@@ -18,6 +20,9 @@
 #include <QPixmap>
 #include <QStyleOption>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace tolvar::gallery {
 
@@ -283,11 +288,16 @@ const std::vector<Page>& pages() {
     const auto touch = [](const ControlContext& context) -> QWidget* {
         return new TouchPage(context);
     };
-    static const std::vector<Page> all{
-        {u"touch"_s, touch},     {u"keys"_s, keys},       {u"switches"_s, switches},
-        {u"lamps"_s, lamps},     {u"fields"_s, fields},   {u"sheet"_s, sheet},
-        {u"menus"_s, menus},     {u"symbols"_s, symbols}, {u"session"_s, sessionPage},
-        {u"pause"_s, pausePage}, {u"goals"_s, goalsPage}};
+    static const std::vector<Page> all = [&] {
+        std::vector<Page> made{
+            {u"touch"_s, touch},     {u"keys"_s, keys},       {u"switches"_s, switches},
+            {u"lamps"_s, lamps},     {u"fields"_s, fields},   {u"sheet"_s, sheet},
+            {u"menus"_s, menus},     {u"symbols"_s, symbols}, {u"session"_s, sessionPage},
+            {u"pause"_s, pausePage}, {u"goals"_s, goalsPage}};
+        std::ranges::copy(pickerPages(), std::back_inserter(made));
+        std::ranges::copy(windowPages(), std::back_inserter(made));
+        return made;
+    }();
     return all;
 }
 

@@ -50,9 +50,9 @@ QColor faded(QColor color, double opacity) {
     return color;
 }
 
-/// A small well that lights up; the mark grows into it.
+/// An empty box that lights up; the mark grows into it.
 void paintCheck(QPainter& painter, const QRectF& box, double amount) {
-    Paint::bevel(painter, box, look.boxRadius, Bevel::well);
+    Paint::outline(painter, box, look.boxRadius, Palette::labelFaint);
     if (amount <= 0)
         return;
     Paint::fill(painter, box, look.boxRadius, faded(Palette::amberPlate, amount));

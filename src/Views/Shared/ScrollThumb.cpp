@@ -17,7 +17,9 @@ struct Look {
     /// The part of the edge that takes the mouse.
     int width = 10;
     double thickness = 3;
+    /// From the edge, and from the ends of it.
     double inset = 3;
+    double endInset = 6;
     double shortest = 28;
 };
 constexpr Look look;
@@ -55,16 +57,16 @@ void ScrollThumb::place() {
 
 /// How far the thumb can go, in points.
 double ScrollThumb::travel() const {
-    return height() - 2 * look.inset - thumb().height();
+    return height() - 2 * look.endInset - thumb().height();
 }
 
 QRectF ScrollThumb::thumb() const {
     const QScrollBar& bar = *m_area.verticalScrollBar();
-    const double track = height() - 2 * look.inset;
+    const double track = height() - 2 * look.endInset;
     const double range = std::max(1, bar.maximum() - bar.minimum());
     const double length =
         std::clamp(track * bar.pageStep() / (range + bar.pageStep()), look.shortest, track);
-    const double top = look.inset + (track - length) * (bar.value() - bar.minimum()) / range;
+    const double top = look.endInset + (track - length) * (bar.value() - bar.minimum()) / range;
     const double left =
         layoutDirection() == Qt::RightToLeft ? look.inset : width() - look.inset - look.thickness;
     return {left, top, look.thickness, length};
