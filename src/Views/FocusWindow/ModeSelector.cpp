@@ -121,6 +121,16 @@ QRectF ModeSelector::placed(const QRectF& fromTheLeft) const {
 }
 
 void ModeSelector::resizeEvent(QResizeEvent*) {
+    placeButtons();
+}
+
+void ModeSelector::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        placeButtons();
+}
+
+void ModeSelector::placeButtons() {
     for (ModeButton* button : m_buttons)
         button->setGeometry(placed(geometry().slot(slotOf(button->tab()), height())).toRect());
 }

@@ -37,6 +37,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void select(FocusTab tab);
@@ -44,6 +45,7 @@ private:
     void flyIndicator(FocusTab from, FocusTab to);
     SlotGeometry geometry() const;
     QRectF placed(const QRectF& fromTheLeft) const;
+    void placeButtons();
 
     const ControlContext m_context;
     FocusTab m_selection;

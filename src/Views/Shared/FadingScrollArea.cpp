@@ -6,20 +6,25 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace tolvar {
 
 namespace {
 
 struct Look {
-    int fade = 20;
+    int lowerFade = 20;
+    int upperFade = 12;
     int step = 20;
 };
 constexpr Look look;
 
+/// From nothing to the panel, towards the edge of the page that it lies over.
 class Fade final : public QWidget {
 public:
-    explicit Fade(QWidget* parent)
-        : QWidget(parent) {
+    Fade(Qt::Edge edge, QWidget* parent)
+        : QWidget(parent)
+        , m_edge(edge) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 
@@ -28,22 +33,28 @@ protected:
         QPainter painter(this);
         QColor clear = Instrument::Palette::panel;
         clear.setAlpha(0);
+        const bool isLower = m_edge == Qt::BottomEdge;
         QLinearGradient veil(0, 0, 0, height());
-        veil.setColorAt(0, clear);
-        veil.setColorAt(1, Instrument::Palette::panel);
+        veil.setColorAt(isLower ? 0 : 1, clear);
+        veil.setColorAt(isLower ? 1 : 0, Instrument::Palette::panel);
         painter.fillRect(rect(), veil);
     }
+
+private:
+    const Qt::Edge m_edge;
 };
 
 } // namespace
 
 FadingScrollArea::FadingScrollArea(QWidget* page, QWidget* parent)
     : QScrollArea(parent)
-    , m_fade(new Fade(this)) {
+    , m_upperFade(new Fade(Qt::TopEdge, this))
+    , m_lowerFade(new Fade(Qt::BottomEdge, this)) {
     setFrameShape(QFrame::NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalScrollBar()->setSingleStep(look.step);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &FadingScrollArea::placeFades);
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setWidget(page);
@@ -53,8 +64,13 @@ FadingScrollArea::FadingScrollArea(QWidget* page, QWidget* parent)
 
 void FadingScrollArea::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    m_fade->setGeometry(0, height() - look.fade, width(), look.fade);
-    m_fade->raise();
+    placeFades();
+}
+
+void FadingScrollArea::placeFades() {
+    const int gone = std::min(verticalScrollBar()->value(), look.upperFade);
+    m_upperFade->setGeometry(0, gone - look.upperFade, width(), look.upperFade);
+    m_lowerFade->setGeometry(0, height() - look.lowerFade, width(), look.lowerFade);
 }
 
 } // namespace tolvar

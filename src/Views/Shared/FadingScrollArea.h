@@ -4,8 +4,8 @@
 
 namespace tolvar {
 
-/// A page that scrolls up and down without showing a scroll bar. What goes below the lower edge
-/// fades into the panel.
+/// A page that scrolls up and down without showing a scroll bar. What goes beyond an edge fades
+/// into the panel there.
 class FadingScrollArea final : public QScrollArea {
     Q_OBJECT
 
@@ -17,7 +17,11 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QWidget* m_fade;
+    void placeFades();
+
+    /// Over the upper edge, once something has gone beyond it, and over the lower one.
+    QWidget* m_upperFade;
+    QWidget* m_lowerFade;
 };
 
 } // namespace tolvar

@@ -17,16 +17,24 @@ struct Look {
 };
 constexpr Look look;
 
+/// The columns of a grid of keys are equally wide, whatever is on the keys.
+void shareWidth(KeyButton& key) {
+    key.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
 } // namespace
 
 DurationButton::DurationButton(const ControlContext& context, const QString& title, QWidget* parent)
-    : KeyButton(context, KeyStyle::standard(), title, parent) {}
+    : KeyButton(context, KeyStyle::standard(), title, parent) {
+    shareWidth(*this);
+}
 
 CategoryButton::CategoryButton(const ControlContext& context, const BlockCategory& category,
                                QWidget* parent)
     : KeyButton(context, KeyStyle::standard(), {}, parent)
     , m_categoryId(category.id)
     , m_lamp(context.motion, [this] { update(); }) {
+    shareWidth(*this);
     setCategoryName(category.name);
 }
 

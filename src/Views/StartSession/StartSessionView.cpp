@@ -54,7 +54,7 @@ QGridLayout* keyGrid(QWidget* parent, int columns) {
 void addSection(QVBoxLayout& page, const QString& label, QWidget* content) {
     auto* section = new QVBoxLayout;
     section->setSpacing(look.belowLabel);
-    section->addWidget(new SectionLabel(label));
+    section->addWidget(new SectionLabel(label), 0, Qt::AlignLeft);
     section->addWidget(content);
     page.addLayout(section);
 }
