@@ -4,9 +4,14 @@
 #include "Platform/Linux/Audio/OpenAlDevice.h"
 #include "Platform/Linux/Audio/WaveFileReader.h"
 #include "Platform/Linux/Desktop/DesktopEntries.h"
+#include "Platform/Linux/Desktop/XdgIconThemeSettings.h"
 #include "Platform/Linux/Desktop/XdgInstalledApplications.h"
 #include "Platform/Linux/Journal/JournalLog.h"
+#include "Platform/Linux/X11/X11IconThemeSettings.h"
+#include "Platform/Linux/X11/X11PanelWindows.h"
+#include "Platform/Linux/X11/X11PointerPresses.h"
 #include "Platform/Linux/X11/X11Workspace.h"
+#include "Platform/Null/NullPanelWindows.h"
 #include "Platform/Null/NullWorkspace.h"
 
 #include <QStandardPaths>
@@ -14,6 +19,10 @@
 namespace tolvar {
 
 using namespace Qt::StringLiterals;
+
+bool Adapters::isDisplayReachable() {
+    return X11PanelWindows::create() != nullptr;
+}
 
 QString Adapters::dataFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/tolvar"_s;
@@ -36,6 +45,24 @@ std::unique_ptr<Workspace> Adapters::workspace(SystemLog& log) {
 
 std::unique_ptr<InstalledApplications> Adapters::installedApplications() {
     return std::make_unique<XdgInstalledApplications>(DesktopEntries::ofThisDesktop());
+}
+
+std::unique_ptr<IconThemeSettings> Adapters::iconThemeSettings() {
+    std::unique_ptr<IconThemeSettings> files =
+        std::make_unique<XdgIconThemeSettings>(XdgIconThemeSettings::ofThisDesktop());
+    if (auto ofDesktop = X11IconThemeSettings::create(files))
+        return ofDesktop;
+    return files;
+}
+
+std::unique_ptr<PanelWindows> Adapters::panelWindows() {
+    if (auto panels = X11PanelWindows::create())
+        return panels;
+    return std::make_unique<NullPanelWindows>();
+}
+
+std::unique_ptr<PointerPresses> Adapters::pointerPresses() {
+    return std::make_unique<X11PointerPresses>();
 }
 
 std::unique_ptr<AudioDevice> Adapters::audioDevice() {

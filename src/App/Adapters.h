@@ -8,7 +8,10 @@ namespace tolvar {
 
 class AudioDevice;
 class AudioFileReader;
+class IconThemeSettings;
 class InstalledApplications;
+class PanelWindows;
+class PointerPresses;
 class Preferences;
 class SystemLog;
 class TimerService;
@@ -17,6 +20,8 @@ class Workspace;
 /// The real things behind the interfaces, as far as this desktop has them; else null objects.
 namespace Adapters {
 
+/// Whether windows can be shown.
+bool isDisplayReachable();
 /// Where the preferences lie: "tolvar" below XDG_DATA_HOME (XDG Base Directory Specification).
 QString dataFolder();
 std::unique_ptr<SystemLog> systemLog();
@@ -24,6 +29,9 @@ std::unique_ptr<SystemLog> systemLog();
 std::unique_ptr<Preferences> preferences(SystemLog& log, TimerService& timers);
 std::unique_ptr<Workspace> workspace(SystemLog& log);
 std::unique_ptr<InstalledApplications> installedApplications();
+std::unique_ptr<IconThemeSettings> iconThemeSettings();
+std::unique_ptr<PanelWindows> panelWindows();
+std::unique_ptr<PointerPresses> pointerPresses();
 /// Opens nothing before it is started. To be called on the main thread.
 std::unique_ptr<AudioDevice> audioDevice();
 std::unique_ptr<AudioFileReader> audioFileReader();

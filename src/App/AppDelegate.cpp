@@ -2,8 +2,10 @@
 
 #include "App/Adapters.h"
 #include "Models/AppSettings.h"
+#include "Platform/Null/NullBlockAlert.h"
+#include "Views/BlockAlert/BlockAlertPresenter.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace tolvar {
 
@@ -15,6 +17,10 @@ using namespace Qt::StringLiterals;
 std::unique_ptr<Preferences> preferencesWithDefaults(std::unique_ptr<Preferences> preferences) {
     preferences->registerDefaults(AppSettings::defaults());
     return preferences;
+}
+
+bool hasDisplay() {
+    return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
 }
 
 } // namespace
@@ -32,6 +38,10 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
                .timers = m_timers,
                .log = *m_log,
                .resourcesPath = bundle.resourcesPath})
+    , m_motion(m_frames)
+    , m_feedback(*m_preferences, m_haptics, m_sound)
+    , m_panels(Adapters::panelWindows())
+    , m_alert(makeAlert())
     , m_notifications(bus, {.name = bundle.name, .desktopEntry = bundle.identifier})
     , m_updater(m_updateSource)
     , m_categories(*m_preferences)
@@ -40,7 +50,7 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
                       .timers = m_timers,
                       .workspace = *m_workspace,
                       .browsers = m_browsers,
-                      .alert = m_alert,
+                      .alert = *m_alert,
                       .notifications = m_notifications,
                       .haptics = m_haptics,
                       .sound = m_sound,
@@ -52,11 +62,36 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
                        .workspace = *m_workspace,
                        .browsers = m_browsers,
                        .version = bundle.shortVersion},
-                      bus) {
+                      bus)
+    , m_face(makeFace(bundle)) {
+    if (m_face)
+        connect(&m_remoteControl, &RemoteControl::activated, m_face.get(), &DesktopFace::open);
     connect(&m_remoteControl, &RemoteControl::quitRequested, this, &AppDelegate::quitRequested);
 }
 
 AppDelegate::~AppDelegate() = default;
+
+std::unique_ptr<BlockAlert> AppDelegate::makeAlert() {
+    if (!hasDisplay())
+        return std::make_unique<NullBlockAlert>();
+    return std::make_unique<BlockAlertPresenter>(BlockAlertPresenter::Environment{
+        .context = context(), .sound = m_sound, .windows = *m_panels});
+}
+
+std::unique_ptr<DesktopFace> AppDelegate::makeFace(const BundleInfo& bundle) {
+    if (!hasDisplay())
+        return nullptr;
+    return std::make_unique<DesktopFace>(
+        DesktopFace::Environment{.context = context(),
+                                 .focusManager = m_focusManager,
+                                 .categories = m_categories,
+                                 .sound = m_sound,
+                                 .installed = *m_installed,
+                                 .workspace = *m_workspace,
+                                 .panels = *m_panels,
+                                 .mediaTime = [this] { return m_frames.mediaTime(); },
+                                 .bundle = bundle});
+}
 
 QStringList AppDelegate::limitations() const {
     if (m_workspace->hidingSupport() == HidingSupport::full)

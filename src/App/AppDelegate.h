@@ -1,22 +1,27 @@
 #pragma once
 
+#include "App/DesktopFace.h"
 #include "App/Remote/RemoteControl.h"
 #include "Models/CategoryStore.h"
 #include "Models/FocusManager.h"
+#include "Motion/AnimationDriver.h"
+#include "Motion/TimerFrameSource.h"
 #include "Platform/Common/QtTimerService.h"
 #include "Platform/Common/SystemClock.h"
 #include "Platform/Interfaces/AudioDevice.h"
 #include "Platform/Interfaces/AudioFileReader.h"
+#include "Platform/Interfaces/BlockAlert.h"
 #include "Platform/Interfaces/BundleInfo.h"
 #include "Platform/Interfaces/InstalledApplications.h"
+#include "Platform/Interfaces/PanelWindows.h"
 #include "Platform/Interfaces/SystemLog.h"
 #include "Platform/Linux/DBus/FreedesktopNotificationCenter.h"
-#include "Platform/Null/NullBlockAlert.h"
 #include "Platform/Null/NullBrowserChannel.h"
 #include "Platform/Null/NullHapticPerformer.h"
 #include "Platform/Null/NullUpdateSource.h"
 #include "Services/Updater.h"
 #include "Sound/SampledInterfaceSound.h"
+#include "Views/Theme/Feedback.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -32,7 +37,8 @@ class AppDelegate final : public QObject {
 
 public:
     /// `bus` is the session bus; without a connection there are no notifications and there is no
-    /// remote control, and the rest works.
+    /// remote control, and the rest works. Nothing is shown unless the application is one with
+    /// widgets.
     AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus);
     ~AppDelegate() override;
 
@@ -43,6 +49,10 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
+    ControlContext context() { return {m_motion, m_feedback}; }
+    std::unique_ptr<BlockAlert> makeAlert();
+    std::unique_ptr<DesktopFace> makeFace(const BundleInfo& bundle);
+
     std::unique_ptr<SystemLog> m_log;
     SystemClock m_clock;
     QtTimerService m_timers;
@@ -50,17 +60,23 @@ private:
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<InstalledApplications> m_installed;
     NullBrowserChannel m_browsers;
-    NullBlockAlert m_alert;
     NullHapticPerformer m_haptics;
     std::unique_ptr<AudioDevice> m_audioDevice;
     std::unique_ptr<AudioFileReader> m_audioFiles;
     SampledInterfaceSound m_sound;
+    TimerFrameSource m_frames;
+    AnimationDriver m_motion;
+    Feedback m_feedback;
+    std::unique_ptr<PanelWindows> m_panels;
+    std::unique_ptr<BlockAlert> m_alert;
     FreedesktopNotificationCenter m_notifications;
     NullUpdateSource m_updateSource;
     Updater m_updater;
     CategoryStore m_categories;
     FocusManager m_focusManager;
     RemoteControl m_remoteControl;
+    /// Null without a display.
+    std::unique_ptr<DesktopFace> m_face;
 };
 
 } // namespace tolvar

@@ -1,4 +1,5 @@
 #include "App/Bundle.h"
+#include "App/Display.h"
 #include "App/TolvarApp.h"
 
 #include <QCoreApplication>
@@ -13,6 +14,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -32,13 +34,20 @@ void giveLargeMemoryBack() {
 #endif
 }
 
+/// A command needs no display; the program itself shows what it can where there is one.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    if (argc == 1 && tolvar::Display::isReachable())
+        return tolvar::Display::makeApplication(argc, argv);
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     occupyStandardDescriptors();
     giveLargeMemoryBack();
     std::signal(SIGPIPE, SIG_IGN);
-    const QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     tolvar::TolvarApp app(tolvar::thisBundle(), QDBusConnection::sessionBus());
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     const int status = static_cast<int>(app.run(arguments));
