@@ -46,6 +46,7 @@ public:
     explicit FocusView(const Environment& environment, QWidget* parent = nullptr);
     ~FocusView() override;
 
+    QSize sizeHint() const override { return fixedSize; }
     FocusTab selectedTab() const { return m_selectedTab; }
     /// Puts the keyboard where a person who has just opened the window begins.
     void takeKeyboard(Qt::FocusReason reason);
