@@ -49,8 +49,6 @@ constexpr ArcStyle arcStyle;
 
 /// Strokes that a shadow is made of.
 constexpr int shadowSteps = 3;
-/// Of a whole turn.
-constexpr int arcPieces = 16;
 constexpr double topAngle = 90;
 constexpr double fullTurn = 360;
 
@@ -83,16 +81,11 @@ void ring(QPainter& painter, double diameter, double width, const QBrush& brush)
     painter.drawEllipse(circle(diameter));
 }
 
-/// In pieces that are the same however long it is, so that what stands does not change as it grows.
 QPainterPath arcPath(double from, double to) {
     const QRectF box = circle(2 * Measures::radius);
     QPainterPath path;
     path.arcMoveTo(box, topAngle - fullTurn * from);
-    for (double piece = from; piece < to;) {
-        const double end = std::min(to, (std::floor(piece * arcPieces) + 1) / arcPieces);
-        path.arcTo(box, topAngle - fullTurn * piece, fullTurn * (piece - end));
-        piece = end;
-    }
+    path.arcTo(box, topAngle - fullTurn * from, fullTurn * (from - to));
     return path;
 }
 
@@ -146,8 +139,9 @@ double arcShadowStrength(double progress) {
 QRectF arcChange(double from, double to) {
     constexpr double around =
         Measures::arcWidth / 2 + arcStyle.shadowReach + arcStyle.shadowOffset + 1;
-    const auto [first, last] = std::minmax({std::clamp(from, 0.0, 1.0), std::clamp(to, 0.0, 1.0)});
-    return arcPath(first, last).boundingRect().adjusted(-around, -around, around, around);
+    return arcPath(std::clamp(from, 0.0, 1.0), std::clamp(to, 0.0, 1.0))
+        .boundingRect()
+        .adjusted(-around, -around, around, around);
 }
 
 QPixmap dialPlate(double scale) {

@@ -87,12 +87,10 @@ TEST(DialArc, ChangesOnlyWhereItsEndMoves) {
     int differing = 0;
     for (int y = 0; y < before.height(); ++y)
         for (int x = 0; x < before.width(); ++x)
-            // The same circle, cut into other curves.
-            if (std::abs(qAlpha(before.pixel(x, y)) - qAlpha(after.pixel(x, y))) > 3) {
+            // The same circle, cut into other curves: less than is seen.
+            if (std::abs(qAlpha(before.pixel(x, y)) - qAlpha(after.pixel(x, y))) > 12) {
                 ++differing;
-                EXPECT_TRUE(changed.contains(x + 0.5, y + 0.5))
-                    << x << ", " << y << ": " << qAlpha(before.pixel(x, y)) << ", "
-                    << qAlpha(after.pixel(x, y));
+                ASSERT_TRUE(changed.contains(x + 0.5, y + 0.5)) << x << ", " << y;
             }
     EXPECT_GT(differing, 100);
 }
