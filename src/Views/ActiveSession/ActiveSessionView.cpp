@@ -164,7 +164,8 @@ void ActiveSessionView::place() {
     m_caption->setGeometry(screenStyle.goalSides, screenStyle.goalTop, textWidth,
                            m_caption->sizeHint().height());
     const int goalTop = m_caption->geometry().bottom() + 1 + screenStyle.belowCaption;
-    m_goal->setGeometry(screenStyle.goalSides, goalTop, textWidth, m_goal->heightForWidth(textWidth));
+    m_goal->setGeometry(screenStyle.goalSides, goalTop, textWidth,
+                        m_goal->heightForWidth(textWidth));
     m_dial->move((width() - m_dial->width()) / 2,
                  m_goal->geometry().bottom() + 1 + screenStyle.aboveDial - DialMeasures::overhang);
     placeKeys();
@@ -181,8 +182,8 @@ void ActiveSessionView::placeKeys() {
         // Whole points, and none lost at the end of the row.
         const int left = room * index / count;
         const int right = room * (index + 1) / count;
-        const QRect place(screenStyle.keySides + left + index * screenStyle.keySpacing, top, right - left,
-                          height);
+        const QRect place(screenStyle.keySides + left + index * screenStyle.keySpacing, top,
+                          right - left, height);
         key->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
         ++index;
     }

@@ -49,9 +49,8 @@ KeyframePlayer::Tracks flight() {
 } // namespace
 
 ExtendFloater::ExtendFloater(AnimationDriver& driver, QWidget* parent)
-    : QWidget(parent)
+    : QFocusFrame(parent)
     , m_flight(driver, flight(), [this] { update(); }) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
     const QSizeF largest = textSize() * mostScale;
     resize(qCeil(largest.width()) + 2 * margin, qCeil(largest.height() - highest) + 2 * margin);
 }
@@ -87,7 +86,7 @@ void ExtendFloater::paintEvent(QPaintEvent*) {
 }
 
 void ExtendFloater::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
+    QFocusFrame::hideEvent(event);
     m_flight.finish();
 }
 

@@ -2,7 +2,7 @@
 
 #include "Motion/KeyframePlayer.h"
 
-#include <QWidget>
+#include <QFocusFrame>
 
 namespace tolvar {
 
@@ -17,8 +17,9 @@ struct FloaterFrame {
 };
 
 /// "+5 min", sent up out of the extend key at each increase of a counter. Lies over what it flies
-/// across, and is nothing to the pointer and to assistive technology.
-class ExtendFloater final : public QWidget {
+/// across, and is nothing to the pointer and to assistive technology: it is a focus frame because
+/// these alone Qt does not tell of.
+class ExtendFloater final : public QFocusFrame {
     Q_OBJECT
 
 public:

@@ -19,8 +19,6 @@ struct RollingStyle {
     /// How far apart the faces of a drum are, in line heights, and how quickly they fade.
     double pitch = 0.56;
     double fading = 1.6;
-    /// Letters gain weight when they are set as light on dark; outlines get it from a pen. Points.
-    double weight = 0.3;
 };
 constexpr RollingStyle style;
 
@@ -105,6 +103,7 @@ void RollingClock::tellOf(const QRectF& area) const {
     m_changed(area);
 }
 
+/// A colon belongs to the middle of the digits; typefaces let it stand on the line.
 const RollingClock::Letter& RollingClock::letter(QChar character) const {
     auto& known = m_letters[character];
     if (known.cell == 0 && !character.isNull()) {
@@ -112,6 +111,9 @@ const RollingClock::Letter& RollingClock::letter(QChar character) const {
         const double advance = Paint::textWidth(QString(character), m_font);
         const double aside = (known.cell - m_font.letterSpacing() - advance) / 2;
         known.outline.addText(aside, 0, m_font, QString(character));
+        if (!character.isDigit())
+            known.outline.translate(0,
+                                    -m_capHeight / 2 - known.outline.boundingRect().center().y());
     }
     return known;
 }
@@ -138,7 +140,7 @@ double RollingClock::scale() const {
 void RollingClock::paint(QPainter& painter, const QPointF& center, const QColor& color) const {
     const Paint::Saved saved(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, style.weight));
+    painter.setPen(Qt::NoPen);
     painter.setBrush(color);
     painter.translate(center);
     if (scale() != 1)
@@ -147,17 +149,16 @@ void RollingClock::paint(QPainter& painter, const QPointF& center, const QColor&
         paintDrum(painter, *m_drums[i], cellArea(i));
 }
 
+/// Cells stand on whole pixels, so that equal digits are equal pictures.
 void RollingClock::paintDrum(QPainter& painter, const Drum& drum, const QRectF& cell) const {
-    const QPointF origin(cell.left(), m_capHeight / 2);
+    const QPointF origin =
+        Paint::onPixels(painter, {QPointF(cell.left(), m_capHeight / 2), QSizeF()}).topLeft();
     if (!drum.position.isMoving()) {
-        // At rest equal digits are equal pixels.
-        const bool isStill = !m_width.isMoving();
-        paintLetter(painter, drum.shown(),
-                    isStill ? Paint::onPixels(painter, {origin, QSizeF()}).topLeft() : origin);
+        paintLetter(painter, drum.shown(), origin);
         return;
     }
     const Paint::Saved saved(painter);
-    painter.setClipRect(cell, Qt::IntersectClip);
+    painter.setClipRect(cell.adjusted(-1, 0, 1, 0), Qt::IntersectClip);
     for (const auto& [place, character] : drum.faces) {
         const double turn = place - drum.position.value();
         if (std::abs(turn) >= 1)

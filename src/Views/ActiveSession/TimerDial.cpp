@@ -68,7 +68,8 @@ TimerDial::TimerDial(AnimationDriver& driver, QWidget* parent)
     , m_breath(driver, 0,
                [this] {
                    const QPoint middle = rect().center();
-                   QRect hole(0, 0, static_cast<int>(dialStyle.hole), static_cast<int>(dialStyle.hole));
+                   QRect hole(0, 0, static_cast<int>(dialStyle.hole),
+                              static_cast<int>(dialStyle.hole));
                    hole.moveCenter(middle);
                    update(QRegion(rect()) - QRegion(hole));
                })

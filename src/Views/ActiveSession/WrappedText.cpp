@@ -9,6 +9,8 @@ namespace tolvar {
 std::vector<QString> wrappedLines(const QString& text, const QFont& font, double width,
                                   int mostLines) {
     const QString all = text.simplified();
+    if (all.isEmpty())
+        return {};
     QTextLayout layout(all, font);
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
