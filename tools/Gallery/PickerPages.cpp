@@ -57,7 +57,7 @@ public:
         auto made = few();
         made[0].displayName = u"An Arcade With a Name That Has Nowhere to End"_s;
         made[1].displayName = u"Browserrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrrr"_s;
-        made[2].displayName = u"דפדפן"_s;
+        made[2].displayName = u"Écran d’accueil"_s;
         made[3].displayName = u"Préférences système détaillées"_s;
         return made;
     }
@@ -218,7 +218,7 @@ std::vector<Page> pickerPages() {
         picker(u"pickerNotHidden"_s, {.selected = {u"Music"_s}, .support = HidingSupport::none}),
         picker(u"pickerNothing"_s, {.installed = {}}),
         picker(u"pickerRightToLeft"_s, {.installed = SampleApplications::longNames(),
-                                        .selected = {u"דפדפן"_s},
+                                        .selected = {u"Écran d’accueil"_s},
                                         .direction = Qt::RightToLeft}),
         {u"appIcons"_s, [](const ControlContext&) -> QWidget* { return new IconsPage; }},
         alert(u"alertApp"_s, u"Chat"_s, BlockTarget::app),

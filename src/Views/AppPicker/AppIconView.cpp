@@ -19,10 +19,28 @@ QAccessibleInterface* faceOf(const QString&, QObject* object) {
     return view ? new QAccessibleWidget(view, QAccessible::Graphic) : nullptr;
 }
 
+/// In parts of the icon's side, as icons of applications usually are.
+struct Placeholder {
+    double inset = 0.0625;
+    double radius = 0.22;
+    double symbol = 0.72;
+};
+constexpr Placeholder placeholder;
+
 QRectF fittedInto(const QRectF& box, const QSizeF& size) {
     QRectF fitted(QPointF(0, 0), size.scaled(box.size(), Qt::KeepAspectRatio));
     fitted.moveCenter(box.center());
     return fitted;
+}
+
+/// A blank plate: something is there that has no face.
+void paintPlaceholder(QPainter& painter, const QRectF& box) {
+    const double inset = box.width() * placeholder.inset;
+    Paint::fill(painter, box.adjusted(inset, inset, -inset, -inset),
+                box.width() * placeholder.radius, Instrument::Palette::hairline);
+    QRectF symbol(QPointF(0, 0), box.size() * placeholder.symbol);
+    symbol.moveCenter(box.center());
+    paintSymbol(painter, Symbol::appDashed, symbol, Instrument::Palette::labelTertiary);
 }
 
 } // namespace
@@ -32,7 +50,7 @@ void paintAppIcon(QPainter& painter, const QRectF& box, const QIcon& icon) {
     const double scale = painter.device()->devicePixelRatioF();
     const QPixmap picture = icon.isNull() ? QPixmap() : icon.pixmap(whole.size().toSize(), scale);
     if (picture.isNull()) {
-        paintSymbol(painter, Symbol::appDashed, whole, Instrument::Palette::labelQuaternary);
+        paintPlaceholder(painter, whole);
         return;
     }
     const Paint::Saved saved(painter);

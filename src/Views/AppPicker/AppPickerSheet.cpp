@@ -6,6 +6,7 @@
 #include "Views/AppPicker/AppPickerList.h"
 #include "Views/AppPicker/AppSearchField.h"
 #include "Views/AppPicker/ApplicationIcons.h"
+#include "Views/Paint/Paint.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/KeyButton.h"
 #include "Views/Theme/Instrument.h"
@@ -30,6 +31,9 @@ struct Look {
     /// Around the content: the card's padding, and air between card and window.
     QSize around{2 * (20 + 14), 2 * (20 + 20)};
     int belowTitle = 4;
+    int aboveNotice = 12;
+    int noticePadding = 10;
+    double noticeRadius = 8;
     int belowHeader = 14;
     int belowSearch = 12;
     int belowList = 14;
@@ -45,6 +49,29 @@ QLabel* label(const QString& text, const QFont& font, const QColor& ink) {
     made->setPalette(inks);
     return made;
 }
+
+/// A plain remark with a line around it.
+class Notice final : public QLabel {
+public:
+    explicit Notice(const QString& text)
+        : QLabel(text) {
+        QPalette inks;
+        inks.setColor(QPalette::WindowText, Palette::labelSecondary);
+        setPalette(inks);
+        setFont(Instrument::font(11));
+        setWordWrap(true);
+        setMargin(look.noticePadding);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        {
+            QPainter painter(this);
+            Paint::outline(painter, rect(), look.noticeRadius, Palette::hairline);
+        }
+        QLabel::paintEvent(event);
+    }
+};
 
 KeyStyle doneKey() {
     KeyStyle style = KeyStyle::primary();
@@ -95,8 +122,10 @@ QWidget* AppPickerSheet::makeContent(const ControlContext& context) {
     column->addSpacing(look.belowTitle);
     column->addWidget(label(u"These stay hidden while you focus."_s, Instrument::font(12),
                             Palette::labelSecondary));
-    m_notice = label(u"On this desktop apps cannot be hidden; they stay in view."_s,
-                     Instrument::font(11), Palette::labelDim);
+    m_notice = new QWidget;
+    auto* notice = new QVBoxLayout(m_notice);
+    notice->setContentsMargins(0, look.aboveNotice, 0, 0);
+    notice->addWidget(new Notice(u"On this desktop apps cannot be hidden; they stay in view."_s));
     column->addWidget(m_notice);
     column->addSpacing(look.belowHeader);
     m_search = new AppSearchField(context);

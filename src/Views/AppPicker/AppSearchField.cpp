@@ -18,7 +18,7 @@ namespace {
 namespace Palette = Instrument::Palette;
 
 struct Look {
-    InstrumentField::Style field{.fontSize = 12, .padding = {38, 11, 36, 11}, .radius = 8};
+    InstrumentField::Style field{.fontSize = 12, .padding = {38, 11, 38, 11}, .radius = 8};
     double symbol = 12;
     int symbolLeft = 13;
     double clearSymbol = 11;

@@ -60,7 +60,7 @@ BlockAlertPanel::BlockAlertPanel(BlockAlertView* view, Surroundings surroundings
     layout->addWidget(view);
     setFixedSize(sizeHint());
     if (surroundings == Surroundings::none)
-        setMask(maskOf(size(), BlockAlertView::radius));
+        setMask(maskOf(size(), BlockAlertView::cardRadius));
     view->setFocus(Qt::OtherFocusReason);
 }
 
@@ -83,7 +83,7 @@ void BlockAlertPanel::closeEvent(QCloseEvent* event) {
 void BlockAlertPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (m_surroundings == Surroundings::shadow)
-        paintShadow(painter, card(), BlockAlertView::radius);
+        paintShadow(painter, card(), BlockAlertView::cardRadius);
 }
 
 } // namespace tolvar

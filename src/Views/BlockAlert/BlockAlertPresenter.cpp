@@ -77,7 +77,6 @@ void BlockAlertPresenter::show() {
     m_environment.windows.setTraits(m_panel->winId(), traits);
     recenter();
     m_panel->show();
-    m_panel->raise();
     m_panel->activateWindow();
     m_environment.windows.activate(m_panel->winId());
 }

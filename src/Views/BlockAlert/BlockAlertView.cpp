@@ -80,7 +80,7 @@ KeyStyle keyStyle() {
 QWidget* text(const QString& content, const QFont& font, const QColor& ink, int mostLines) {
     return new WrappedText(content, {.font = font,
                                      .ink = ink,
-                                     .width = BlockAlertView::width - 2 * look.padding,
+                                     .width = BlockAlertView::cardWidth - 2 * look.padding,
                                      .mostLines = mostLines});
 }
 
@@ -99,7 +99,7 @@ BlockAlertView::BlockAlertView(const ControlContext& context, const Texts& texts
     QAccessible::installFactory(faceOf);
     setAccessibleName(texts.title);
     setAccessibleDescription(texts.message);
-    setFixedWidth(width);
+    setFixedWidth(cardWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(look.padding, look.padding, look.padding, look.padding);
     column->setSpacing(0);
@@ -118,8 +118,8 @@ BlockAlertView::BlockAlertView(const ControlContext& context, const Texts& texts
 
 void BlockAlertView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    Paint::bevel(painter, rect(), radius, Bevel::card);
-    Paint::outline(painter, rect(), radius, Palette::hairline);
+    Paint::bevel(painter, rect(), cardRadius, Bevel::card);
+    Paint::outline(painter, rect(), cardRadius, Palette::hairline);
 }
 
 } // namespace tolvar

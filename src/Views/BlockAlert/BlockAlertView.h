@@ -23,8 +23,8 @@ public:
     };
 
     /// In points.
-    static constexpr int width = 360;
-    static constexpr double radius = 14;
+    static constexpr int cardWidth = 360;
+    static constexpr double cardRadius = 14;
 
     /// What is said when `name` was blocked.
     static Texts texts(const QString& name, BlockTarget type);

@@ -21,13 +21,19 @@ WrappedText::WrappedText(const QString& text, const Style& style, QWidget* paren
     , m_style(style) {
     QAccessible::installFactory(faceOf);
     setAccessibleName(text);
-    layOut(text);
+    if (layOut(text, m_style.width)) {
+        const int start = m_layout.lineAt(m_layout.lineCount() - 1).textStart();
+        layOut(text.left(start) + QFontMetricsF(m_style.font)
+                                      .elidedText(text.mid(start), Qt::ElideMiddle, m_style.width),
+               m_style.width);
+    } else {
+        balance(text);
+    }
     const double height = m_layout.boundingRect().height();
     setFixedSize(m_style.width, static_cast<int>(std::ceil(height)));
 }
 
-/// With the last line that there may be cut to its width.
-void WrappedText::layOut(const QString& text) {
+std::optional<int> WrappedText::layOut(const QString& text, double width) {
     m_layout.setText(text);
     m_layout.setFont(m_style.font);
     QTextOption option(Qt::AlignLeft);
@@ -36,23 +42,33 @@ void WrappedText::layOut(const QString& text) {
     m_layout.setTextOption(option);
     m_layout.beginLayout();
     double height = 0;
-    for (int count = 1;; ++count) {
+    int end = 0;
+    while (m_layout.lineCount() < m_style.mostLines && end < text.size()) {
         QTextLine line = m_layout.createLine();
         if (!line.isValid())
             break;
-        line.setLineWidth(m_style.width);
+        line.setLineWidth(width);
         line.setPosition({0, height});
         height += line.height();
-        const qsizetype end = line.textStart() + line.textLength();
-        if (count == m_style.mostLines && end < text.size()) {
-            const QString rest = text.mid(line.textStart());
-            const QString cut =
-                QFontMetricsF(m_style.font).elidedText(rest, Qt::ElideRight, m_style.width);
-            m_layout.endLayout();
-            return layOut(text.left(line.textStart()) + cut);
-        }
+        end = line.textStart() + line.textLength();
     }
     m_layout.endLayout();
+    return end < text.size() ? std::optional(end) : std::nullopt;
+}
+
+/// Narrows the lines as far as they do not become more.
+void WrappedText::balance(const QString& text) {
+    const int lines = m_layout.lineCount();
+    if (lines < 2)
+        return;
+    double enough = m_style.width;
+    double tooLittle = enough / lines;
+    while (enough - tooLittle > 1) {
+        const double between = (enough + tooLittle) / 2;
+        const bool fits = !layOut(text, between) && m_layout.lineCount() <= lines;
+        (fits ? enough : tooLittle) = between;
+    }
+    layOut(text, enough);
 }
 
 void WrappedText::paintEvent(QPaintEvent*) {

@@ -5,11 +5,14 @@
 #include <QTextLayout>
 #include <QWidget>
 
+#include <optional>
+
 namespace tolvar {
 
-/// A text on as many lines as it needs, up to a limit, within a fixed width. A word that is longer
-/// than a line is broken anywhere; what goes beyond the last line is cut off with an ellipsis. To
-/// assistive technology it is a label with the whole text.
+/// A text on as many lines as it needs, up to a limit, within a fixed width; the lines are about
+/// equally long, so that no word is left alone on the last. A word that is longer than a line is
+/// broken anywhere. Of a text that is too long the beginning and the end are there. To assistive
+/// technology it is a label with the whole text.
 class WrappedText final : public QWidget {
     Q_OBJECT
 
@@ -27,7 +30,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void layOut(const QString& text);
+    /// Where the first line begins that is one too many; nothing when there is none.
+    std::optional<int> layOut(const QString& text, double width);
+    void balance(const QString& text);
 
     const Style m_style;
     QTextLayout m_layout;
