@@ -1,5 +1,7 @@
 #include "Platform/Linux/DBus/PrivateBus.h"
 
+#include <QDBusConnectionInterface>
+#include <QDir>
 #include <QFile>
 #include <QTest>
 #include <QUuid>
@@ -18,6 +20,7 @@ const QString configuration =
 <busconfig>
   <type>session</type>
   <listen>unix:dir=%1</listen>
+  <servicedir>%1/services</servicedir>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
@@ -49,6 +52,15 @@ QDBusConnection PrivateBus::connect() {
     return QDBusConnection::connectToBus(m_address, m_connections.last());
 }
 
+void PrivateBus::offerService(const QString& service, const QString& command) {
+    QFile file(m_folder.filePath(u"services/%1.service"_s.arg(service)));
+    if (!file.open(QIODevice::WriteOnly))
+        throw std::runtime_error("no place for a service of the bus");
+    file.write(u"[D-BUS Service]\nName=%1\nExec=%2\n"_s.arg(service, command).toUtf8());
+    file.close();
+    connect().interface()->call(u"ReloadConfig"_s);
+}
+
 void PrivateBus::kill() {
     m_daemon.kill();
     m_daemon.waitForFinished();
@@ -58,6 +70,7 @@ QString PrivateBus::writeConfiguration(const QString& deniedService) const {
     const QString rule = deniedService.isEmpty()
                              ? QString()
                              : u"<deny send_destination=\"%1\"/>"_s.arg(deniedService);
+    QDir(m_folder.path()).mkdir(u"services"_s);
     QFile file(m_folder.filePath(u"bus.conf"_s));
     if (!file.open(QIODevice::WriteOnly))
         throw std::runtime_error("no place for the bus's configuration");

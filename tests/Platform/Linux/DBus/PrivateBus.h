@@ -9,7 +9,8 @@
 
 namespace tolvar::test {
 
-/// A session bus of its own, without any service that could be activated. It ends with this object.
+/// A session bus of its own, without any service that could be activated but those of
+/// `offerService`. It ends with this object.
 class PrivateBus {
 public:
     /// Messages to `deniedService` are refused by the bus; none when empty.
@@ -19,6 +20,8 @@ public:
     const QString& address() const { return m_address; }
     /// A new connection; it closes when the bus ends.
     QDBusConnection connect();
+    /// From now on the bus starts `command` when `service` is called and is not there.
+    void offerService(const QString& service, const QString& command);
     /// The bus dies, and every connection with it.
     void kill();
 
