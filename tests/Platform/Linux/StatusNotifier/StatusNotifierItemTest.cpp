@@ -208,7 +208,7 @@ TEST_F(StatusNotifierItemTest, HasPicturesForHostsThatKnowNoneOfItsNames) {
     EXPECT_EQ(middleAlpha(), 255);
     content.opacity = 0.3;
     item->show(content);
-    EXPECT_NEAR(middleAlpha(), 0.3 * 255, 1);
+    EXPECT_NEAR(middleAlpha(), 0.3 * 255, 2);
 }
 
 TEST_F(StatusNotifierItemTest, TellsWhereItWasClickedAsTheHostSaysIt) {
