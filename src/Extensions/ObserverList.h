@@ -8,7 +8,8 @@
 
 namespace tolvar {
 
-/// Those who want to be told of something. Subscriptions may outlive the list.
+/// Those who want to be told of something. Subscriptions may outlive the list. A copy is the same
+/// list.
 template<typename Observer>
 class ObserverList {
 public:

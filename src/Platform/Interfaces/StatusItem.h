@@ -51,7 +51,7 @@ struct StatusItemContent {
 /// tray or, where there is neither, in a corner of the screen.
 class StatusItem {
 public:
-    /// Each may be left empty; each may destroy the item.
+    /// Each may be left empty. None may destroy the item before it has returned.
     struct Observer {
         /// The item was clicked or otherwise activated; `claimed` is where its host says that was,
         /// in device pixels of the root window. Some hosts say nothing, and some what is not true.

@@ -13,7 +13,8 @@ class StatusItemPopups {
 public:
     virtual ~StatusItemPopups() = default;
 
-    /// Opens the menu beside `item`; `chosen` is called when an entry is chosen, if ever.
+    /// Opens the menu beside `item`; `chosen` is called when an entry is chosen, if ever,
+    /// which may be after the item has gone.
     virtual void showMenu(const std::vector<StatusMenuEntry>& entries, const QRect& item,
                           std::function<void(StatusCommand)> chosen) = 0;
     /// Opens the tooltip, or changes its text.

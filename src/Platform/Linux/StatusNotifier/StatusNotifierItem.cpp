@@ -43,7 +43,9 @@ StatusNotifierItem::StatusNotifierItem(const Options& options)
             Qt::QueuedConnection);
     connect(&m_object, &StatusNotifierObject::menuWanted, this, [this](QPoint place) {
         m_options.popups.showMenu(m_menuEntries, {place, QSize(1, 1)},
-                                  [this](StatusCommand command) { choose(command); });
+                                  [observers = m_observers](StatusCommand command) {
+                                      observers.call(&Observer::chosen, command);
+                                  });
     });
     m_options.bus.registerObject(itemPath, &m_object);
     m_options.bus.registerObject(menuPath, &m_menu);

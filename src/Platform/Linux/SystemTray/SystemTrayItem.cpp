@@ -156,9 +156,11 @@ void SystemTrayItem::click(int button, QPoint place) {
     if (button == XCB_BUTTON_INDEX_1)
         m_observers.call(&Observer::clicked, std::optional(place));
     else if (button == XCB_BUTTON_INDEX_3)
-        m_options.popups.showMenu(
-            m_content.menu, m_window->place().value_or(QRect(place, QSize(1, 1))),
-            [this](StatusCommand command) { m_observers.call(&Observer::chosen, command); });
+        m_options.popups.showMenu(m_content.menu,
+                                  m_window->place().value_or(QRect(place, QSize(1, 1))),
+                                  [observers = m_observers](StatusCommand command) {
+                                      observers.call(&Observer::chosen, command);
+                                  });
 }
 
 } // namespace tolvar

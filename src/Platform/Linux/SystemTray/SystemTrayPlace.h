@@ -17,6 +17,9 @@ public:
     Subscription observePresence(std::function<void()> changed) override;
     std::unique_ptr<StatusItem> makeItem() override;
 
+    /// Whether windows of this desktop are blended with what lies behind them.
+    bool isComposited() const { return m_connection->isComposited(); }
+
 private:
     SystemTrayPlace(std::shared_ptr<TrayConnection> connection,
                     const SystemTrayItem::Options& options);

@@ -10,13 +10,14 @@ namespace tolvar {
 namespace {
 
 /// Of the first screen, which is the only one of any X server today.
-constexpr std::array<std::string_view, 6> atomNames{
+constexpr std::array<std::string_view, 7> atomNames{
     "_NET_SYSTEM_TRAY_S0",
     "_NET_SYSTEM_TRAY_OPCODE",
     "_NET_SYSTEM_TRAY_VISUAL",
     "_NET_SYSTEM_TRAY_COLORS",
     "MANAGER",
     "_XEMBED_INFO",
+    "_NET_WM_CM_S0",
 };
 
 } // namespace
@@ -54,20 +55,21 @@ void TrayConnection::internAtoms() {
     });
 }
 
+xcb_window_t TrayConnection::ownerOf(xcb_atom_t selection) const {
+    auto* reply =
+        xcb_get_selection_owner_reply(get(), xcb_get_selection_owner(get(), selection), nullptr);
+    const xcb_window_t window = reply ? reply->owner : xcb_window_t(XCB_NONE);
+    free(reply);
+    return window;
+}
+
 /// The order leaves no gap: an owner that goes before its end is listened for is none any more when
 /// it is asked for again.
 bool TrayConnection::findManager() {
-    const auto owner = [this] {
-        auto* reply = xcb_get_selection_owner_reply(
-            get(), xcb_get_selection_owner(get(), atom(TrayAtom::selection)), nullptr);
-        const xcb_window_t window = reply ? reply->owner : xcb_window_t(XCB_NONE);
-        free(reply);
-        return window;
-    };
-    xcb_window_t found = owner();
+    xcb_window_t found = ownerOf(atom(TrayAtom::selection));
     if (found != XCB_NONE && found != m_manager) {
         m_server->selectEvents(found, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-        found = owner();
+        found = ownerOf(atom(TrayAtom::selection));
     }
     return std::exchange(m_manager, found) != found;
 }

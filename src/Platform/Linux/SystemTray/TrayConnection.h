@@ -18,6 +18,7 @@ enum class TrayAtom {
     colors,
     manager,
     xembedInfo,
+    compositing, ///< _NET_WM_CM_Sn of this screen
 };
 
 /// A connection to the X server for a window in the system tray (freedesktop System Tray Protocol),
@@ -44,6 +45,9 @@ public:
     /// The tray's window; XCB_NONE when there is no tray.
     xcb_window_t manager() const { return m_manager; }
 
+    /// Whether a compositing manager blends windows with what lies behind them.
+    bool isComposited() const { return ownerOf(atom(TrayAtom::compositing)) != XCB_NONE; }
+
     [[nodiscard]] Subscription observe(Observer observer) {
         return m_observers.add(std::move(observer));
     }
@@ -54,6 +58,7 @@ public:
 private:
     explicit TrayConnection(std::unique_ptr<XConnection> server);
     void internAtoms();
+    xcb_window_t ownerOf(xcb_atom_t selection) const;
     /// Returns whether there is another tray than before.
     bool findManager();
     void readEvents();
@@ -61,7 +66,7 @@ private:
     bool isNewsOfManager(const xcb_generic_event_t& event) const;
 
     std::unique_ptr<XConnection> m_server;
-    std::array<xcb_atom_t, 6> m_atoms{};
+    std::array<xcb_atom_t, 7> m_atoms{};
     xcb_window_t m_manager = XCB_NONE;
     QSocketNotifier m_notifier;
     bool m_isReadingDue = false;
