@@ -1,0 +1,166 @@
+#include "Platform/Linux/SystemTray/SystemTrayItem.h"
+
+#include "Platform/Linux/SystemTray/TrayInk.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tolvar {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Points; what a tray is thought to be before it says.
+constexpr double usualThickness = 24;
+/// Points that a tray may round away.
+constexpr double slack = 1;
+/// How long the pointer rests before the tooltip opens.
+constexpr auto restBeforeToolTip = 600ms;
+
+} // namespace
+
+SystemTrayItem::SystemTrayItem(std::shared_ptr<TrayConnection> connection, const Options& options)
+    : m_connection(std::move(connection))
+    , m_options(options)
+    , m_toldThickness(usualThickness) {
+    m_content.length = iconOnlyLength();
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(restBeforeToolTip);
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] {
+        m_isToolTipShown = true;
+        showToolTip();
+    });
+    m_trays = m_connection->observe({.managerChanged = [this] { enterTray(); }});
+    enterTray();
+}
+
+SystemTrayItem::~SystemTrayItem() {
+    hover(false);
+}
+
+/// Where there is none, it waits outside.
+void SystemTrayItem::enterTray() {
+    hover(false);
+    m_window.reset();
+    if (m_connection->manager() == XCB_NONE)
+        return;
+    m_window = std::make_unique<TrayWindow>(
+        m_connection, wantedSize(),
+        TrayWindow::Observer{
+            .exposed = [this] { measure(); },
+            .moved = [this] { m_observers.call(&Observer::moved); },
+            .released = [this] { leaveTraySoon(); },
+            .hovered = [this](bool isInside) { hover(isInside); },
+            .clicked = [this](int button, QPoint place) { click(button, place); }});
+    m_window->setName(m_content.accessibleLabel);
+    m_offeredInk = m_window->offeredInk();
+}
+
+/// Not from within the window's own event. A tray that merely let go of it has it back then.
+void SystemTrayItem::leaveTraySoon() {
+    QMetaObject::invokeMethod(
+        &m_rest, [this] { enterTray(); }, Qt::QueuedConnection);
+}
+
+double SystemTrayItem::thickness() const {
+    const QSizeF granted = grantedSize();
+    return granted.isEmpty() ? usualThickness : std::min(granted.width(), granted.height());
+}
+
+QSizeF SystemTrayItem::grantedSize() const {
+    return m_window ? QSizeF(m_window->size()) / m_options.scale : QSizeF();
+}
+
+int SystemTrayItem::iconOnlyLength() const {
+    return static_cast<int>(std::lround(thickness()));
+}
+
+QSize SystemTrayItem::wantedSize() const {
+    return {static_cast<int>(std::lround(m_content.length * m_options.scale)),
+            static_cast<int>(std::lround(thickness() * m_options.scale))};
+}
+
+bool SystemTrayItem::hasRoomForLabel() const {
+    return grantedSize().width() + slack >= m_content.length;
+}
+
+StatusItemContent SystemTrayItem::fitting() const {
+    StatusItemContent content = m_content;
+    content.isLabelHidden = content.isLabelHidden || !hasRoomForLabel();
+    return content;
+}
+
+void SystemTrayItem::show(const StatusItemContent& content) {
+    const StatusItemContent former = std::exchange(m_content, content);
+    if (!m_window)
+        return;
+    if (content.length != former.length)
+        m_window->askForSize(wantedSize());
+    if (content.accessibleLabel != former.accessibleLabel)
+        m_window->setName(content.accessibleLabel);
+    if (content.toolTip != former.toolTip && m_isToolTipShown)
+        showToolTip();
+    if (content.label != former.label || content.isLabelHidden != former.isLabelHidden ||
+        content.opacity != former.opacity)
+        paint();
+}
+
+void SystemTrayItem::measure() {
+    paint();
+    if (std::exchange(m_toldThickness, thickness()) != thickness())
+        m_observers.call(&Observer::measuresChanged);
+}
+
+void SystemTrayItem::paint() {
+    QImage picture = m_window ? m_window->background() : QImage();
+    if (picture.isNull())
+        return;
+    picture.setDevicePixelRatio(m_options.scale);
+    QPainter painter(&picture);
+    m_options.art.paint(painter, fitting(), grantedSize(),
+                        trayInk(m_offeredInk, m_window->averageBackground()));
+    painter.end();
+    m_window->put(picture);
+}
+
+std::optional<QRect> SystemTrayItem::anchor() const {
+    const auto window = m_window ? m_window->place() : std::nullopt;
+    if (!window)
+        return std::nullopt;
+    const QRectF castle = m_options.art.iconPlace(fitting(), grantedSize());
+    return QRectF(window->topLeft() + castle.topLeft() * m_options.scale,
+                  castle.size() * m_options.scale)
+        .toAlignedRect();
+}
+
+void SystemTrayItem::hover(bool isInside) {
+    if (isInside)
+        m_rest.start();
+    else
+        m_rest.stop();
+    if (!isInside && std::exchange(m_isToolTipShown, false))
+        m_options.popups.hideToolTip();
+}
+
+void SystemTrayItem::showToolTip() {
+    if (const auto place = m_window ? m_window->place() : std::nullopt)
+        m_options.popups.showToolTip(m_content.toolTip, *place);
+}
+
+void SystemTrayItem::click(int button, QPoint place) {
+    hover(false);
+    if (button == XCB_BUTTON_INDEX_1)
+        m_observers.call(&Observer::clicked, std::optional(place));
+    else if (button == XCB_BUTTON_INDEX_3)
+        m_options.popups.showMenu(m_content.menu,
+                                  m_window->place().value_or(QRect(place, QSize(1, 1))),
+                                  [observers = m_observers](StatusCommand command) {
+                                      observers.call(&Observer::chosen, command);
+                                  });
+}
+
+} // namespace tolvar
