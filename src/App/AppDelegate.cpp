@@ -63,9 +63,9 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
                        .browsers = m_browsers,
                        .version = bundle.shortVersion},
                       bus)
-    , m_face(makeFace(bundle)) {
+    , m_face(makeFace(bundle, bus)) {
     if (m_face)
-        connect(&m_remoteControl, &RemoteControl::activated, m_face.get(), &DesktopFace::open);
+        connectFace();
     connect(&m_remoteControl, &RemoteControl::quitRequested, this, &AppDelegate::quitRequested);
 }
 
@@ -78,19 +78,31 @@ std::unique_ptr<BlockAlert> AppDelegate::makeAlert() {
         .context = context(), .sound = m_sound, .windows = *m_panels});
 }
 
-std::unique_ptr<DesktopFace> AppDelegate::makeFace(const BundleInfo& bundle) {
+std::unique_ptr<DesktopFace> AppDelegate::makeFace(const BundleInfo& bundle,
+                                                   const QDBusConnection& bus) {
     if (!hasDisplay())
         return nullptr;
     return std::make_unique<DesktopFace>(
         DesktopFace::Environment{.context = context(),
                                  .focusManager = m_focusManager,
                                  .categories = m_categories,
+                                 .preferences = *m_preferences,
+                                 .timers = m_timers,
                                  .sound = m_sound,
                                  .installed = *m_installed,
                                  .workspace = *m_workspace,
                                  .panels = *m_panels,
                                  .mediaTime = [this] { return m_frames.mediaTime(); },
-                                 .bundle = bundle});
+                                 .bundle = bundle,
+                                 .bus = bus});
+}
+
+void AppDelegate::connectFace() {
+    connect(&m_remoteControl, &RemoteControl::activated, m_face.get(), &DesktopFace::open);
+    connect(m_face.get(), &DesktopFace::chosen, this, [this](StatusCommand command) {
+        if (command == StatusCommand::quit)
+            Q_EMIT quitRequested();
+    });
 }
 
 QStringList AppDelegate::limitations() const {

@@ -51,7 +51,8 @@ Q_SIGNALS:
 private:
     ControlContext context() { return {m_motion, m_feedback}; }
     std::unique_ptr<BlockAlert> makeAlert();
-    std::unique_ptr<DesktopFace> makeFace(const BundleInfo& bundle);
+    std::unique_ptr<DesktopFace> makeFace(const BundleInfo& bundle, const QDBusConnection& bus);
+    void connectFace();
 
     std::unique_ptr<SystemLog> m_log;
     SystemClock m_clock;

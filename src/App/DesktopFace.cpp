@@ -1,6 +1,8 @@
 #include "App/DesktopFace.h"
 
 #include "App/Adapters.h"
+#include "App/MenuBar/PopoverAnchor.h"
+#include "App/StatusItems/StatusItems.h"
 #include "Models/CategoryStore.h"
 #include "Models/FocusManager.h"
 #include "Platform/Interfaces/IconThemeSettings.h"
@@ -8,6 +10,9 @@
 #include "Platform/Interfaces/PointerPresses.h"
 #include "Views/FocusWindow/FocusView.h"
 #include "Views/Popover/PopoverWindow.h"
+#include "Views/Shared/DevicePixels.h"
+
+#include <QCursor>
 
 namespace tolvar {
 
@@ -15,7 +20,25 @@ DesktopFace::DesktopFace(const Environment& environment)
     : m_environment(environment)
     , m_iconTheme(Adapters::iconThemeSettings())
     , m_presses(Adapters::pointerPresses())
-    , m_icons({environment.installed, environment.workspace, *m_iconTheme}) {}
+    , m_icons({environment.installed, environment.workspace, *m_iconTheme})
+    , m_statusItem(StatusItems::make({.bus = environment.bus,
+                                      .bundle = environment.bundle,
+                                      .preferences = environment.preferences,
+                                      .timers = environment.timers,
+                                      .motion = environment.context.motion,
+                                      .popups = m_popups}))
+    , m_menuBarItem({.focusManager = environment.focusManager,
+                     .preferences = environment.preferences,
+                     .timers = environment.timers,
+                     .motion = environment.context.motion,
+                     .item = *m_statusItem}) {
+    connect(&m_menuBarItem, &MenuBarItem::clicked, this, &DesktopFace::togglePopover);
+    connect(&m_menuBarItem, &MenuBarItem::chosen, this, &DesktopFace::perform);
+    connect(&m_menuBarItem, &MenuBarItem::moved, this, [this] {
+        if (const auto castle = m_menuBarItem.anchor(); castle && m_popover)
+            m_popover->follow(*castle);
+    });
+}
 
 DesktopFace::~DesktopFace() = default;
 
@@ -47,16 +70,24 @@ PopoverWindow& DesktopFace::popover() {
     return *m_popover;
 }
 
-std::optional<QRect> DesktopFace::anchor() const {
-    return std::nullopt;
+QRect DesktopFace::anchor(const std::optional<QPoint>& claimed) const {
+    const QPoint pointer = DevicePixels::fromPoints({QCursor::pos(), QSize(1, 1)}).topLeft();
+    return popoverAnchor(m_menuBarItem.anchor(), claimed, pointer);
 }
 
 void DesktopFace::open() {
-    popover().open(anchor());
+    popover().open(anchor(std::nullopt));
 }
 
-void DesktopFace::togglePopover() {
-    popover().toggle(anchor());
+void DesktopFace::togglePopover(const std::optional<QPoint>& claimed) {
+    popover().toggle(anchor(claimed));
+}
+
+void DesktopFace::perform(StatusCommand command) {
+    if (command == StatusCommand::open)
+        open();
+    else
+        Q_EMIT chosen(command);
 }
 
 } // namespace tolvar

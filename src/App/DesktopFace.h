@@ -1,11 +1,14 @@
 #pragma once
 
+#include "App/MenuBar/MenuBarItem.h"
 #include "Platform/Interfaces/BundleInfo.h"
 #include "Sound/InterfaceSound.h"
 #include "Views/AppPicker/ApplicationIcons.h"
 #include "Views/Popover/PopoverVisibility.h"
 #include "Views/Shared/ControlContext.h"
+#include "Views/StatusPill/StatusPopups.h"
 
+#include <QDBusConnection>
 #include <QObject>
 #include <QRect>
 
@@ -35,6 +38,8 @@ public:
         ControlContext context;
         FocusManager& focusManager;
         CategoryStore& categories;
+        Preferences& preferences;
+        TimerService& timers;
         InterfaceSound& sound;
         const InstalledApplications& installed;
         const Workspace& workspace;
@@ -42,6 +47,8 @@ public:
         /// Seconds, monotonic.
         std::function<double()> mediaTime;
         BundleInfo bundle;
+        /// Need not be connected.
+        QDBusConnection bus;
     };
 
     explicit DesktopFace(const Environment& environment);
@@ -50,11 +57,16 @@ public:
     /// Opens the popover, or brings it forward when it is open.
     void open();
 
+Q_SIGNALS:
+    /// An entry of the menu was chosen that is neither about the session nor about the popover.
+    void chosen(tolvar::StatusCommand command);
+
 private:
-    void togglePopover();
+    void togglePopover(const std::optional<QPoint>& claimed);
+    void perform(StatusCommand command);
     /// Made when it is first wanted: most of the time nobody looks.
     PopoverWindow& popover();
-    std::optional<QRect> anchor() const;
+    QRect anchor(const std::optional<QPoint>& claimed) const;
 
     const Environment m_environment;
     std::unique_ptr<IconThemeSettings> m_iconTheme;
@@ -63,6 +75,9 @@ private:
     PopoverVisibility m_visibility;
     InterfaceSound::Hold m_awakeSound;
     std::unique_ptr<PopoverWindow> m_popover;
+    StatusPopups m_popups;
+    std::unique_ptr<StatusItem> m_statusItem;
+    MenuBarItem m_menuBarItem;
 };
 
 } // namespace tolvar

@@ -2,16 +2,13 @@
 
 #include "Platform/Interfaces/PanelWindows.h"
 #include "Platform/Interfaces/PointerPresses.h"
-#include "Views/Paint/Paint.h"
 #include "Views/Popover/PopoverPlacement.h"
-#include "Views/Theme/Instrument.h"
+#include "Views/Shared/DevicePixels.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QVBoxLayout>
-#include <QWindow>
 
 namespace tolvar {
 
@@ -25,43 +22,17 @@ constexpr int gap = 4;
 constexpr PanelTraits traits =
     PanelTrait::onEveryDesktop | PanelTrait::outOfTaskbar | PanelTrait::aboveOthers;
 
-/// The screen's part of the desktop in device pixels.
-QRect pixels(const QScreen& screen) {
-    const QRect points = screen.geometry();
-    return {points.topLeft(), (QSizeF(points.size()) * screen.devicePixelRatio()).toSize()};
-}
-
-QScreen* screenAt(const QPoint& position) {
-    for (QScreen* screen : QGuiApplication::screens())
-        if (pixels(*screen).contains(position))
-            return screen;
-    return QGuiApplication::primaryScreen();
-}
-
-QPoint toPixels(const QPoint& point, const QScreen& screen) {
-    const QPoint origin = screen.geometry().topLeft();
-    return origin + (QPointF(point - origin) * screen.devicePixelRatio()).toPoint();
-}
-
-QRect toPoints(const QRect& pixels, const QScreen& screen) {
-    const QPoint origin = screen.geometry().topLeft();
-    const double scale = screen.devicePixelRatio();
-    return QRectF(origin + QPointF(pixels.topLeft() - origin) / scale,
-                  QSizeF(pixels.size()) / scale)
-        .toAlignedRect();
-}
-
-/// A window's place on the desktop in device pixels.
-QRect pixels(const QWidget& window) {
-    const QScreen& screen = *window.screen();
-    return {toPixels(window.geometry().topLeft(), screen),
-            (QSizeF(window.size()) * screen.devicePixelRatio()).toSize()};
+/// The window's own part of the desktop, in device pixels, without the shadow around it.
+QRect placeOf(const QWidget& window) {
+    const auto* panel = qobject_cast<const FloatingPanel*>(&window);
+    const QRect own = panel ? panel->card() : window.rect();
+    return DevicePixels::fromPoints(own.translated(window.pos()));
 }
 
 /// Menus and tooltips of ours count too.
 bool isOurs(const QPoint& position) {
     for (const QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && pixels(*window).contains(position))
+        if (window->isVisible() && placeOf(*window).contains(position))
             return true;
     return false;
 }
@@ -69,14 +40,10 @@ bool isOurs(const QPoint& position) {
 } // namespace
 
 PopoverWindow::PopoverWindow(const Environment& environment, QWidget* content)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-    , m_environment(environment)
-    , m_content(content) {
+    : FloatingPanel(content, environment.panels.showsTranslucency() ? Surroundings::shadow
+                                                                    : Surroundings::none)
+    , m_environment(environment) {
     setWindowTitle(u"Tolvar"_s);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(content);
-    setFixedSize(content->sizeHint());
 }
 
 void PopoverWindow::toggle(const std::optional<QRect>& anchor) {
@@ -90,7 +57,6 @@ void PopoverWindow::open(const std::optional<QRect>& anchor) {
     if (!isVisible()) {
         m_anchor = anchor;
         Q_EMIT willShow();
-        winId();
         place();
         m_environment.panels.setTraits(winId(), traits);
         show();
@@ -105,14 +71,14 @@ void PopoverWindow::follow(const QRect& anchor) {
 }
 
 void PopoverWindow::place() {
-    QScreen* screen =
-        m_anchor ? screenAt(m_anchor->center()) : QGuiApplication::screenAt(QCursor::pos());
+    const QRect anchor =
+        m_anchor ? DevicePixels::toPoints(*m_anchor) : QRect(QCursor::pos(), QSize(1, 1));
+    QScreen* screen = QGuiApplication::screenAt(anchor.center());
     if (!screen)
         screen = QGuiApplication::primaryScreen();
-    const QRect anchor =
-        m_anchor ? toPoints(*m_anchor, *screen) : QRect(QCursor::pos(), QSize(1, 1));
-    windowHandle()->setScreen(screen);
-    move(placePopover(anchor, size(), screen->availableGeometry(), gap).topLeft());
+    setScreen(screen);
+    const QRect room = screen->availableGeometry();
+    move(placePopover(anchor, card().size(), room, gap).topLeft() - card().topLeft());
 }
 
 /// A press on the item itself is left to the click that comes of it.
@@ -132,23 +98,18 @@ void PopoverWindow::closeUnlessOurs() {
 bool PopoverWindow::event(QEvent* event) {
     if (event->type() == QEvent::WindowDeactivate)
         QMetaObject::invokeMethod(this, &PopoverWindow::closeUnlessOurs, Qt::QueuedConnection);
-    return QWidget::event(event);
+    return FloatingPanel::event(event);
 }
 
 void PopoverWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         hide();
     else
-        QWidget::keyPressEvent(event);
-}
-
-void PopoverWindow::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), Instrument::Palette::panel);
+        FloatingPanel::keyPressEvent(event);
 }
 
 void PopoverWindow::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
+    FloatingPanel::showEvent(event);
     if (event->spontaneous())
         return;
     m_presses =
@@ -157,7 +118,7 @@ void PopoverWindow::showEvent(QShowEvent* event) {
 }
 
 void PopoverWindow::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
+    FloatingPanel::hideEvent(event);
     if (event->spontaneous())
         return;
     m_presses.reset();

@@ -2,8 +2,9 @@
 
 #include "Extensions/Subscription.h"
 #include "Views/Popover/ClosingPress.h"
+#include "Views/Shared/FloatingPanel.h"
 
-#include <QWidget>
+#include <QRect>
 
 #include <functional>
 #include <optional>
@@ -16,7 +17,7 @@ class PointerPresses;
 /// The window that opens beside the status item and stays for as long as it is used: a press
 /// anywhere else, another window that takes the keyboard, Escape and a click on the item close it.
 /// It is as large as its content and keeps it while it is closed.
-class PopoverWindow final : public QWidget {
+class PopoverWindow final : public FloatingPanel {
     Q_OBJECT
 
 public:
@@ -48,7 +49,6 @@ Q_SIGNALS:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -58,7 +58,6 @@ private:
     void closeUnlessOurs();
 
     Environment m_environment;
-    QWidget* m_content;
     /// Device pixels; nothing while it stands where the pointer was.
     std::optional<QRect> m_anchor;
     ClosingPress m_closingPress;

@@ -1,7 +1,7 @@
 #include "Views/StatusPill/StatusPillPlace.h"
 
 #include "Extensions/ObserverList.h"
-#include "Views/StatusPill/DevicePixels.h"
+#include "Views/Shared/DevicePixels.h"
 #include "Views/StatusPill/StatusDrawing.h"
 
 namespace tolvar {

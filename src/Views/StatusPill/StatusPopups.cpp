@@ -1,6 +1,6 @@
 #include "Views/StatusPill/StatusPopups.h"
 
-#include "Views/StatusPill/DevicePixels.h"
+#include "Views/Shared/DevicePixels.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,4 +1,4 @@
-#include "Views/StatusPill/DevicePixels.h"
+#include "Views/Shared/DevicePixels.h"
 
 #include <QGuiApplication>
 #include <QScreen>

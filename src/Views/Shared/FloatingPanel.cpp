@@ -1,0 +1,128 @@
+#include "Views/Shared/FloatingPanel.h"
+
+#include "Views/Paint/Paint.h"
+#include "Views/Theme/Instrument.h"
+
+#include <QBitmap>
+#include <QPainterPath>
+#include <QVBoxLayout>
+
+namespace tolvar {
+
+namespace {
+
+struct Shadow {
+    /// How far it reaches beyond the card, and how much lower than the card it lies, in points.
+    int reach = 28;
+    int drop = 8;
+    double opacity = 0.5;
+    int steps = 20;
+};
+constexpr Shadow shadow;
+constexpr int room = shadow.reach + shadow.drop;
+
+/// Layers upon layers, each a little smaller: together they fade as a shadow does.
+void paintShadow(QPainter& painter, const QRectF& card) {
+    QColor layer = Qt::black;
+    for (int step = shadow.steps; step > 0; --step) {
+        const double share = static_cast<double>(step) / shadow.steps;
+        const double outset = shadow.reach * share;
+        layer.setAlphaF(static_cast<float>(shadow.opacity * 2 * (1 - share) / shadow.steps));
+        Paint::fill(painter,
+                    card.adjusted(-outset, -outset, outset, outset).translated(0, shadow.drop),
+                    FloatingPanel::cornerRadius + outset, layer);
+    }
+}
+
+QPainterPath rounded(const QRectF& rect) {
+    QPainterPath path;
+    path.addRoundedRect(rect, FloatingPanel::cornerRadius, FloatingPanel::cornerRadius);
+    return path;
+}
+
+QBitmap maskOf(const QSize& size) {
+    QBitmap mask(size);
+    mask.clear();
+    QPainter painter(&mask);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawPath(rounded(QRect(QPoint(), size)));
+    return mask;
+}
+
+} // namespace
+
+/// Lies over the content's rim: takes its corners away and draws the edge of the card.
+class FloatingPanel::Edge final : public QWidget {
+public:
+    explicit Edge(FloatingPanel* panel)
+        : QWidget(panel)
+        , m_panel(*panel) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent*) override {
+        const int side = static_cast<int>(cornerRadius);
+        QRegion rim(rect());
+        rim -= rect().adjusted(1, side, -1, -side);
+        rim -= rect().adjusted(side, 1, -side, -1);
+        setMask(rim);
+    }
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        if (m_panel.m_surroundings == Surroundings::shadow)
+            cutCorners(painter);
+        Paint::outline(painter, rect(), cornerRadius, Instrument::Palette::hairline);
+    }
+
+private:
+    void cutCorners(QPainter& painter) const {
+        const Paint::Saved saved(painter);
+        QPainterPath corners;
+        corners.addRect(rect());
+        corners -= rounded(rect());
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+        painter.fillPath(corners, Qt::black);
+        painter.setClipPath(corners);
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+        paintShadow(painter, rect());
+    }
+
+    FloatingPanel& m_panel;
+};
+
+/// Not a Qt::Tool: window managers hide those while another application is in front.
+FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    , m_surroundings(surroundings)
+    , m_edge(new Edge(this)) {
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setAttribute(Qt::WA_TranslucentBackground, surroundings == Surroundings::shadow);
+    auto* layout = new QVBoxLayout(this);
+    const int margin = surroundings == Surroundings::shadow ? room : 0;
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->addWidget(content);
+    setFixedSize(sizeHint());
+    if (surroundings == Surroundings::none)
+        setMask(maskOf(size()));
+    m_edge->raise();
+}
+
+QRect FloatingPanel::card() const {
+    return rect().marginsRemoved(layout()->contentsMargins());
+}
+
+void FloatingPanel::resizeEvent(QResizeEvent*) {
+    m_edge->setGeometry(card());
+}
+
+void FloatingPanel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (m_surroundings == Surroundings::shadow)
+        paintShadow(painter, card());
+}
+
+} // namespace tolvar
