@@ -44,6 +44,7 @@ public:
         : m_presence(presence) {}
 
     Presence presence() const override { return m_presence; }
+    qint64 hostProcess() const override { return process; }
     Subscription observePresence(std::function<void()> changed) override {
         return m_observers.add(std::move(changed));
     }
@@ -58,6 +59,7 @@ public:
     }
     bool isTaken() const { return taken > 0; }
 
+    qint64 process = 0;
     FakeStatusItem item;
     int made = 0;
     int taken = 0;

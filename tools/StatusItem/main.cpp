@@ -66,12 +66,15 @@ private:
         return rect ? text(*rect) : u"-"_s;
     }
 
+    /// Lines that were read together wake nobody again.
     void read() {
-        std::string line;
-        if (!std::getline(std::cin, line))
-            return m_input.setEnabled(false);
-        const QStringList words = QString::fromStdString(line).split(u' ');
-        obey(words.value(0), words.value(1));
+        do {
+            std::string line;
+            if (!std::getline(std::cin, line))
+                return m_input.setEnabled(false);
+            const QStringList words = QString::fromStdString(line).split(u' ');
+            obey(words.value(0), words.value(1));
+        } while (std::cin.rdbuf()->in_avail() > 0);
     }
 
     void obey(const QString& verb, const QString& object) {
@@ -140,6 +143,7 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false); // else nobody can tell whether a line is waiting
     const QApplication application(argc, argv);
     QApplication::setStyle(new InstrumentStyle);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -2,6 +2,7 @@
 
 #include "Platform/Null/NullStatusItem.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tolvar {
@@ -21,9 +22,19 @@ ChosenStatusItem::ChosenStatusItem(std::vector<std::unique_ptr<StatusItemPlace>>
 
 ChosenStatusItem::~ChosenStatusItem() = default;
 
+bool ChosenStatusItem::isOutdone(std::size_t place) const {
+    const qint64 process = m_places[place]->hostProcess();
+    return process != 0 && std::any_of(m_places.begin() + static_cast<std::ptrdiff_t>(place) + 1,
+                                       m_places.end(), [process](const auto& other) {
+                                           return other->presence() == Presence::present &&
+                                                  other->hostProcess() == process;
+                                       });
+}
+
 std::size_t ChosenStatusItem::bestPlace() const {
     std::size_t place = 0;
-    while (!isLastResort(place) && m_places[place]->presence() == Presence::absent)
+    while (!isLastResort(place) &&
+           (m_places[place]->presence() == Presence::absent || isOutdone(place)))
         ++place;
     return place;
 }

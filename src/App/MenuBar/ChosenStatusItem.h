@@ -14,6 +14,10 @@ namespace tolvar {
 
 /// The status item in the best place that there is at the moment. It moves, with all it shows, when
 /// a better one comes or its own goes.
+///
+/// A program that offers two places is given the lesser one: a panel with a tray of its own makes
+/// more of a window that draws castle and countdown itself than of an item that it draws (some show
+/// no label at all, and some the label in place of the castle).
 class ChosenStatusItem final : public StatusItem {
 public:
     /// How long a place may take to come, when the session starts or a panel starts anew, before
@@ -37,6 +41,7 @@ public:
 private:
     void choose();
     bool isLastResort(std::size_t place) const { return place + 1 == m_places.size(); }
+    bool isOutdone(std::size_t place) const;
     /// The best place that there is or may be in a moment.
     std::size_t bestPlace() const;
     void moveTo(std::size_t place);

@@ -2,6 +2,8 @@
 
 #include "Platform/Interfaces/StatusItem.h"
 
+#include <QtGlobal>
+
 #include <functional>
 #include <memory>
 
@@ -20,6 +22,8 @@ public:
     virtual ~StatusItemPlace() = default;
 
     virtual Presence presence() const = 0;
+    /// The process that offers it, while it is there; 0 where that is not known.
+    virtual qint64 hostProcess() const = 0;
     /// Calls `changed` whenever `presence` has another answer.
     [[nodiscard]] virtual Subscription observePresence(std::function<void()> changed) = 0;
     /// The item there. It may outlive the presence, shows nothing meanwhile, and is there again

@@ -116,6 +116,8 @@ void StatusPill::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRectF rim(rect());
     const double radius = rim.height() / 2;
+    if (m_ends == Ends::cut) // else the window's own colour would shine through the edge
+        painter.fillRect(rim, Palette::rule);
     Paint::bevel(painter, rim, radius, Bevel::card);
     Paint::hover(painter, rim, radius, Bevel::card, m_hover.value());
     if (m_showsFocus && hasFocus())

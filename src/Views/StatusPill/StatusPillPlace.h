@@ -24,6 +24,7 @@ public:
         : m_environment(environment) {}
 
     Presence presence() const override { return Presence::present; }
+    qint64 hostProcess() const override { return 0; }
     Subscription observePresence(std::function<void()>) override { return {}; }
     std::unique_ptr<StatusItem> makeItem() override;
 

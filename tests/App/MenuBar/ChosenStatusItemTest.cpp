@@ -111,6 +111,26 @@ TEST_F(ChosenStatusItemTest, GivesUpAPlaceThatStaysAway) {
     EXPECT_EQ(taken(), u"tray"_s);
 }
 
+TEST_F(ChosenStatusItemTest, PrefersTheTrayOfAPanelThatOffersBoth) {
+    begin(Presence::unknown, Presence::present);
+    bus->process = 7;
+    tray->process = 7;
+    bus->become(Presence::present);
+    EXPECT_EQ(taken(), u"tray"_s);
+    tray->become(Presence::absent);
+    EXPECT_EQ(taken(), u"bus"_s);
+    tray->become(Presence::present);
+    EXPECT_EQ(taken(), u"tray"_s);
+}
+
+TEST_F(ChosenStatusItemTest, PrefersTheBusToTheTrayOfAnotherProgram) {
+    begin(Presence::unknown, Presence::present);
+    bus->process = 7;
+    tray->process = 8;
+    bus->become(Presence::present);
+    EXPECT_EQ(taken(), u"bus"_s);
+}
+
 TEST_F(ChosenStatusItemTest, CarriesOverWhatItShows) {
     begin(Presence::absent, Presence::present);
     item->show({.length = 60, .label = u"24:59"_s, .isLabelHidden = false});

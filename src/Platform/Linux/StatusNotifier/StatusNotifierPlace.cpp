@@ -1,5 +1,6 @@
 #include "Platform/Linux/StatusNotifier/StatusNotifierPlace.h"
 
+#include "BusInterface.h"
 #include "PropertiesInterface.h"
 #include "WatcherInterface.h"
 
@@ -24,6 +25,8 @@ StatusNotifierPlace::StatusNotifierPlace(const StatusNotifierItem::Options& opti
                                                                        options.bus))
     , m_properties(std::make_unique<OrgFreedesktopDBusPropertiesInterface>(
           watcherService, watcherPath, options.bus))
+    , m_busItself(std::make_unique<OrgFreedesktopDBusInterface>(
+          u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s, options.bus))
     , m_watcherWatch(watcherService, options.bus) {
     using Watcher = OrgKdeStatusNotifierWatcherInterface;
     connect(&m_watcherWatch, &QDBusServiceWatcher::serviceRegistered, this,
@@ -46,15 +49,34 @@ StatusNotifierPlace::~StatusNotifierPlace() = default;
 
 /// Not every watcher tells of hosts by the right signal: the property has the last word.
 void StatusNotifierPlace::ask() {
-    auto* answer = new QDBusPendingCallWatcher(
-        m_properties->Get(QLatin1StringView(m_watcher->staticInterfaceName()), hostProperty), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this,
-            [this, question = ++m_question](QDBusPendingCallWatcher* finished) {
-                finished->deleteLater();
-                const QDBusPendingReply<QDBusVariant> reply = *finished;
+    ++m_question;
+    await(m_properties->Get(QLatin1StringView(m_watcher->staticInterfaceName()), hostProperty),
+          [this](const QDBusPendingCall& answer) {
+              const QDBusPendingReply<QDBusVariant> reply = answer;
+              if (!reply.isError() && reply.value().variant().toBool())
+                  askForProcess();
+              else
+                  become(Presence::absent);
+          });
+}
+
+void StatusNotifierPlace::askForProcess() {
+    await(m_busItself->GetConnectionUnixProcessID(watcherService),
+          [this](const QDBusPendingCall& answer) {
+              const QDBusPendingReply<uint> reply = answer;
+              m_hostProcess = reply.isError() ? 0 : reply.value();
+              become(Presence::present);
+          });
+}
+
+void StatusNotifierPlace::await(const QDBusPendingCall& answer,
+                                std::function<void(const QDBusPendingCall&)> finished) {
+    auto* watcher = new QDBusPendingCallWatcher(answer, this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, question = m_question, finished = std::move(finished)](auto* done) {
+                done->deleteLater();
                 if (question == m_question)
-                    become(!reply.isError() && reply.value().variant().toBool() ? Presence::present
-                                                                                : Presence::absent);
+                    finished(*done);
             });
 }
 

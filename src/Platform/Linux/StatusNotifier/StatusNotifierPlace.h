@@ -8,8 +8,10 @@
 
 #include <memory>
 
+class OrgFreedesktopDBusInterface;
 class OrgFreedesktopDBusPropertiesInterface;
 class OrgKdeStatusNotifierWatcherInterface;
+class QDBusPendingCall;
 
 namespace tolvar {
 
@@ -23,6 +25,7 @@ public:
     ~StatusNotifierPlace() override;
 
     Presence presence() const override { return m_presence; }
+    qint64 hostProcess() const override { return m_hostProcess; }
     Subscription observePresence(std::function<void()> changed) override {
         return m_observers.add(std::move(changed));
     }
@@ -30,12 +33,18 @@ public:
 
 private:
     void ask();
+    void askForProcess();
     void become(Presence presence);
+    /// Calls `finished` with the answer unless another question was asked meanwhile.
+    void await(const QDBusPendingCall& answer,
+               std::function<void(const QDBusPendingCall&)> finished);
 
     StatusNotifierItem::Options m_options;
     std::unique_ptr<OrgKdeStatusNotifierWatcherInterface> m_watcher;
     std::unique_ptr<OrgFreedesktopDBusPropertiesInterface> m_properties;
+    std::unique_ptr<OrgFreedesktopDBusInterface> m_busItself;
     QDBusServiceWatcher m_watcherWatch;
+    qint64 m_hostProcess = 0;
     Presence m_presence = Presence::unknown;
     /// Only the answer to the last question counts.
     int m_question = 0;

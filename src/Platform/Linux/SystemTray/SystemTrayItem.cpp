@@ -52,7 +52,7 @@ void SystemTrayItem::enterTray() {
         m_connection, wantedSize(),
         TrayWindow::Observer{
             .exposed = [this] { measure(); },
-            .moved = [this] { m_observers.call(&Observer::moved); },
+            .moved = [this] { tellMovedSoon(); },
             .released = [this] { leaveTraySoon(); },
             .hovered = [this](bool isInside) { hover(isInside); },
             .clicked = [this](int button, QPoint place) { click(button, place); }});
@@ -64,6 +64,19 @@ void SystemTrayItem::enterTray() {
 void SystemTrayItem::leaveTraySoon() {
     QMetaObject::invokeMethod(
         &m_rest, [this] { enterTray(); }, Qt::QueuedConnection);
+}
+
+/// A tray that lays itself out moves the window and all around it: that is one move.
+void SystemTrayItem::tellMovedSoon() {
+    if (std::exchange(m_isMoveUntold, true))
+        return;
+    QMetaObject::invokeMethod(
+        &m_rest,
+        [this] {
+            m_isMoveUntold = false;
+            m_observers.call(&Observer::moved);
+        },
+        Qt::QueuedConnection);
 }
 
 double SystemTrayItem::thickness() const {
@@ -132,9 +145,8 @@ std::optional<QRect> SystemTrayItem::anchor() const {
     if (!window)
         return std::nullopt;
     const QRectF castle = m_options.art.iconPlace(fitting(), grantedSize());
-    return QRectF(window->topLeft() + castle.topLeft() * m_options.scale,
-                  castle.size() * m_options.scale)
-        .toAlignedRect();
+    return QRect(window->topLeft() + (castle.topLeft() * m_options.scale).toPoint(),
+                 (castle.size() * m_options.scale).toSize());
 }
 
 void SystemTrayItem::hover(bool isInside) {

@@ -48,6 +48,7 @@ public:
 private:
     void enterTray();
     void leaveTraySoon();
+    void tellMovedSoon();
     QSize wantedSize() const;
     double thickness() const;
     QSizeF grantedSize() const;
@@ -67,6 +68,7 @@ private:
     double m_toldThickness;
     QTimer m_rest; ///< runs while the pointer is about to have rested on the item
     bool m_isToolTipShown = false;
+    bool m_isMoveUntold = false;
     ObserverList<Observer> m_observers;
     Subscription m_trays;
 };

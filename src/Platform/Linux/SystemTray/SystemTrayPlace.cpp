@@ -26,6 +26,14 @@ StatusItemPlace::Presence SystemTrayPlace::presence() const {
     return m_connection->manager() == XCB_NONE ? Presence::absent : Presence::present;
 }
 
+qint64 SystemTrayPlace::hostProcess() const {
+    if (m_connection->manager() == XCB_NONE)
+        return 0;
+    const qint64 process = m_connection->server().localProcesses({m_connection->manager()}).front();
+    m_connection->readEventsSoon();
+    return process;
+}
+
 Subscription SystemTrayPlace::observePresence(std::function<void()> changed) {
     return m_observers.add(std::move(changed));
 }

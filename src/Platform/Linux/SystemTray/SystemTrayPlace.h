@@ -14,6 +14,7 @@ public:
     static std::unique_ptr<SystemTrayPlace> create(const SystemTrayItem::Options& options);
 
     Presence presence() const override;
+    qint64 hostProcess() const override;
     Subscription observePresence(std::function<void()> changed) override;
     std::unique_ptr<StatusItem> makeItem() override;
 

@@ -309,6 +309,7 @@ TEST_F(StatusNotifierPlaceTest, IsThereWhereAHostIsRegistered) {
     const StatusNotifierPlace place(options());
     EXPECT_EQ(place.presence(), Presence::unknown);
     EXPECT_TRUE(becomes(place, Presence::present));
+    EXPECT_EQ(place.hostProcess(), QCoreApplication::applicationPid());
 }
 
 TEST_F(StatusNotifierPlaceTest, IsNotThereWhereAWatcherHasNobodyToShowItems) {
