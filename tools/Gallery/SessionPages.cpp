@@ -139,7 +139,7 @@ QWidget* goalsPage(const ControlContext& context) {
           .elapsed = 31 * minute},
          {.goal = u"Rindfleischetikettierungsüberwachungsaufgabenübertragungsgesetz"_s,
           .elapsed = 2},
-         {.goal = u"כתיבת הפרק השני 📚 ואז לקרוא אותו בקול"_s, .elapsed = 17 * minute + 30}});
+         {.goal = u"כתיבת הפרק השני 😀 ואז לקרוא אותו בקול"_s, .elapsed = 17 * minute + 30}});
 }
 
 } // namespace tolvar::gallery

@@ -131,10 +131,12 @@ void ActiveSessionView::refresh() {
     if (!face.isEnabled && m_pauseKey->hasFocus())
         m_extendKey->setFocus(Qt::OtherFocusReason);
     m_caption->setPaused(session->isPaused);
-    m_goal->setGoal(session->goal);
+    if (m_goal->goal() != session->goal) {
+        m_goal->setGoal(session->goal);
+        place();
+    }
     m_dial->setReading(DialReading::of(*session, m_manager.clock().now()));
     m_pauseKey->setFace(face);
-    place();
 }
 
 void ActiveSessionView::showParts(bool isShown) {

@@ -42,8 +42,6 @@ struct ArcStyle {
     double shadowStrength = 0.6;
     double shadowOffset = 1.5;
     double shadowReach = 3;
-    /// Below this length the arc comes out of the track little by little.
-    double shortest = 0.3;
 };
 constexpr ArcStyle arcStyle;
 
@@ -167,7 +165,7 @@ QPixmap dialArc(double progress, double scale) {
         return arc;
     QPainter painter(&arc);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(std::min(arcLength(shown) / arcStyle.shortest, 1.0));
+    painter.setOpacity(std::min(arcLength(shown) / shortestArc, 1.0));
     const QPainterPath path = arcPath(0, shown);
     paintFace(painter, path);
     paintShadow(painter, path, arcShadowStrength(shown));

@@ -26,6 +26,10 @@ double arcShadowStrength(double progress);
 /// The length of the arc that shows `progress`, in points, along its middle.
 double arcLength(double progress);
 
+/// The length, in points, up to which the arc comes out of the track little by little, so that its
+/// round ends are not there all at once.
+inline constexpr double shortestArc = 0.06;
+
 /// What of the picture changes when the arc goes from one progress to another, in points.
 QRectF arcChange(double from, double to);
 

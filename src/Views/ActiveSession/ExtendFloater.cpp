@@ -80,7 +80,7 @@ void ExtendFloater::paintEvent(QPaintEvent*) {
     const double spare = textSize().height() * (mostScale - 1) / 2 + margin;
     painter.translate(width() / 2.0, height() - spare - textSize().height() / 2 + now.y);
     painter.scale(now.scale, now.scale);
-    QRectF box(QPointF(), textSize());
+    QRectF box(0, 0, width(), textSize().height());
     box.moveCenter({});
     Paint::text(painter, box, text(), font(), Instrument::Palette::amber, Qt::AlignHCenter);
 }

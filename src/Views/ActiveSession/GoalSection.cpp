@@ -74,8 +74,6 @@ GoalText::GoalText(QWidget* parent)
     : SpokenText(parent) {}
 
 void GoalText::setGoal(const QString& goal) {
-    if (goal == m_goal)
-        return;
     m_goal = goal;
     setAccessibleName(goal);
     updateGeometry();

@@ -32,6 +32,7 @@ class GoalText final : public SpokenText {
 public:
     explicit GoalText(QWidget* parent);
 
+    const QString& goal() const { return m_goal; }
     void setGoal(const QString& goal);
 
     bool hasHeightForWidth() const override { return true; }

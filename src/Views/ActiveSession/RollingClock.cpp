@@ -100,7 +100,7 @@ void RollingClock::ensureDrums(qsizetype count) {
 }
 
 void RollingClock::tellOf(const QRectF& area) const {
-    m_changed(area);
+    m_changed({area.topLeft() * scale(), area.size() * scale()});
 }
 
 /// A colon belongs to the middle of the digits; typefaces let it stand on the line.
@@ -152,7 +152,7 @@ void RollingClock::paint(QPainter& painter, const QPointF& center, const QColor&
 /// Cells stand on whole pixels, so that equal digits are equal pictures.
 void RollingClock::paintDrum(QPainter& painter, const Drum& drum, const QRectF& cell) const {
     const QPointF origin =
-        Paint::onPixels(painter, {QPointF(cell.left(), m_capHeight / 2), QSizeF()}).topLeft();
+        Paint::onPixels(painter, {QPointF(cell.left(), m_capHeight / 2), QSizeF(0, 0)}).topLeft();
     if (!drum.position.isMoving()) {
         paintLetter(painter, drum.shown(), origin);
         return;

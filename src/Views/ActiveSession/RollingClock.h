@@ -70,6 +70,7 @@ private:
     QRectF cellArea(std::size_t fromRight) const;
     double scale() const;
     void ensureDrums(qsizetype count);
+    /// `area` is seen from the middle, at full size.
     void tellOf(const QRectF& area) const;
     void paintDrum(QPainter& painter, const Drum& drum, const QRectF& cell) const;
     void paintLetter(QPainter& painter, QChar character, const QPointF& place) const;

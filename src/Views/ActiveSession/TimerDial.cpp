@@ -8,8 +8,10 @@
 #include "Views/Theme/Instrument.h"
 
 #include <QFontMetricsF>
+#include <QPaintEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -23,6 +25,8 @@ namespace Palette = Instrument::Palette;
 
 const Spring sweep = Spring::withResponse(1.1, 0.8);
 constexpr double sweepDelay = 0.45;
+/// Of the progress: a thirtieth of a point.
+constexpr double arcPrecision = 5e-5;
 const Spring advance = Spring::withResponse(0.9, 0.85);
 const Eased breath{1.5, Easing::easeInOut()};
 const Eased wake{0.3, Easing::easeOut()};
@@ -75,7 +79,7 @@ TimerDial::TimerDial(AnimationDriver& driver, QWidget* parent)
                })
     , m_settingsConnection(
           connect(&driver, &AnimationDriver::settingsChanged, this, &TimerDial::breathe)) {
-    m_progress.setPrecision(1e-4);
+    m_progress.setPrecision(arcPrecision);
     setFixedSize(sizeHint());
     m_clock.show(m_reading.clock());
 }
@@ -160,7 +164,8 @@ void TimerDial::hideEvent(QHideEvent* event) {
 
 double TimerDial::shownProgress() const {
     const double steps = arcLength(1) * devicePixelRatioF() / dialStyle.step;
-    return std::round(m_progress.value() * steps) / steps;
+    const double begun = std::min(m_progress.value(), shortestArc / arcLength(1));
+    return std::max(std::round(m_progress.value() * steps) / steps, begun);
 }
 
 void TimerDial::arcMoved() {
@@ -181,7 +186,7 @@ void TimerDial::drawLayers() {
         m_arc = {dialArc(shown, scale), shown, scale};
 }
 
-void TimerDial::paintEvent(QPaintEvent*) {
+void TimerDial::paintEvent(QPaintEvent* event) {
     drawLayers();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_plate);
@@ -190,7 +195,8 @@ void TimerDial::paintEvent(QPaintEvent*) {
     painter.setOpacity(1);
     m_clock.paint(painter, clockCenter(),
                   mixedColor(Palette::label, Palette::labelDim, m_pause.value()));
-    paintCaption(painter);
+    if (event->region().intersects(captionBox().toAlignedRect()))
+        paintCaption(painter);
 }
 
 /// Clock and caption stand as a column in the middle of the dial.

@@ -11,6 +11,9 @@ namespace tolvar::Paint {
 
 namespace {
 
+/// Room for what metrics round, so that nothing is cut.
+constexpr double spare = 2;
+
 /// Letters between digits, which keep their kerning, or one digit.
 struct Run {
     QString content;
@@ -78,8 +81,8 @@ void clockText(QPainter& painter, const QRectF& rect, const QString& content, co
     double left = leftOf(rect, widthOf(runs, font), horizontally);
     for (const Run& run : runs) {
         const double aside = (run.width - run.advance) / 2;
-        text(painter, {left + aside, rect.top(), run.advance, rect.height()}, run.content, font,
-             color);
+        text(painter, {left + aside, rect.top(), run.advance + spare, rect.height()}, run.content,
+             font, color);
         left += run.width;
     }
 }

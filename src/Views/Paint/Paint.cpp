@@ -42,7 +42,7 @@ void line(QPainter& painter, const QPointF& start, const QString& text, const QF
     if (pixelTransform(painter)) {
         painter.setFont(font);
         painter.setPen(color);
-        painter.drawText(QPointF(start.x(), onPixels(painter, {start, QSizeF()}).y()), text);
+        painter.drawText(QPointF(start.x(), onPixels(painter, {start, QSizeF(0, 0)}).y()), text);
         return;
     }
     QPainterPath outlines;

@@ -64,6 +64,14 @@ TEST(DialArc, IsNothingAtTheBeginningAndAllOfTheRingAtTheEnd) {
     }
 }
 
+TEST(DialArc, ComesOutOfTheTrackLittleByLittle) {
+    const auto top = [](double length) {
+        return at(dialArc(length / arcLength(1), 1).toImage(), DialMeasures::radius, 0).alphaF();
+    };
+    EXPECT_NEAR(top(shortestArc / 2), 0.5, 0.02);
+    EXPECT_NEAR(top(shortestArc), 1, 0.01);
+}
+
 TEST(DialArc, HasRoundEndsBeyondItsLength) {
     const QImage quarter = dialArc(0.25, 2).toImage();
     const double end = (DialMeasures::arcWidth / 2 - 1.5) / arcLength(1);

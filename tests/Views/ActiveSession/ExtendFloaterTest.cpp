@@ -1,6 +1,7 @@
 #include "Views/ActiveSession/ExtendFloater.h"
 
 #include "Views/Shared/ControlTest.h"
+#include "Views/Theme/Instrument.h"
 
 namespace tolvar::test {
 namespace {
@@ -69,6 +70,22 @@ TEST_F(ExtendFloaterTest, IsNotCutOnItsWay) {
             ASSERT_EQ(qGray(image.pixel(image.width() - 1, y)), 0) << "frame " << frame;
         }
     }
+}
+
+TEST_F(ExtendFloaterTest, SaysAllOfIt) {
+    floater.setTrigger(1);
+    frames.advance(0.55);
+    const QImage image = picture(floater);
+    int left = image.width();
+    int right = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (const QColor color = image.pixelColor(x, y); color.red() > color.blue() + 60) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+    const QFontMetricsF metrics(Instrument::font(11, QFont::Medium));
+    EXPECT_NEAR(right - left + 1, metrics.horizontalAdvance(QStringLiteral("+5 min")), 2.5);
 }
 
 TEST_F(ExtendFloaterTest, StandsOverTheMiddleOfTheTopEdge) {

@@ -99,6 +99,18 @@ TEST_F(RollingClockTest, RollsOnlyWhatChanges) {
     EXPECT_EQ(picture(), pictureOf(u"12:23"_s));
 }
 
+TEST_F(RollingClockTest, KnowsWhatChangesAlsoWhenItIsShrunk) {
+    clock.show(u"10:59:59"_s);
+    const QImage before = picture();
+    changed = {};
+    clock.roll(u"10:59:58"_s, Direction::down);
+    frames.advance(5);
+    const auto [left, right] = difference(before, picture());
+    EXPECT_GE(left, std::floor(changed.left()) - 1);
+    EXPECT_LE(right, std::ceil(changed.right()));
+    EXPECT_LT(changed.width(), 30);
+}
+
 TEST_F(RollingClockTest, LetsDigitsFallWhileItCountsDown) {
     for (const auto direction : {Direction::down, Direction::up}) {
         clock.show(u"00:08"_s);

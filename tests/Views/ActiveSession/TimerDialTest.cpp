@@ -108,6 +108,14 @@ TEST_F(TimerDialTest, FollowsTheProgressOnASpring) {
     EXPECT_NEAR(shownProgress(), 0.75, roundEnd);
 }
 
+TEST_F(TimerDialTest, ShowsTheFirstSecondOfALongSession) {
+    appeared(running(7200, 7200));
+    EXPECT_EQ(shownProgress(), 0);
+    dial.setReading(running(7199, 7200));
+    settle();
+    EXPECT_GT(shownProgress(), 0);
+}
+
 TEST_F(TimerDialTest, DoesNotGoBeyondTheFullRing) {
     dial.setReading(running(0));
     window.show();

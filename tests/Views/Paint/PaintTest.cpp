@@ -89,6 +89,22 @@ TEST_P(PaintAtScale, TheFocusRingStandsOutsideOfTheRim) {
     EXPECT_EQ(lit, std::max(1.0, std::round(GetParam())));
 }
 
+TEST_P(PaintAtScale, CapitalsStandInTheMiddleOfTheirPlace) {
+    const QRectF place(5, 12.5, 30, 17);
+    const QImage image = drawn(GetParam(), {40, 43}, [&](QPainter& painter) {
+        Paint::text(painter, place, u"H"_s, Instrument::font(16), Qt::white);
+    });
+    int top = image.height();
+    int bottom = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) > 120) {
+                top = std::min(top, y);
+                bottom = std::max(bottom, y + 1);
+            }
+    EXPECT_NEAR((top + bottom) / 2.0, place.center().y() * GetParam(), 1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Scales, PaintAtScale, testing::Values(1.0, 1.25, 1.5, 2.0));
 
 TEST(Paint, CutsALineThatDoesNotFit) {
