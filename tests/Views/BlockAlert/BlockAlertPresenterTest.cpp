@@ -54,7 +54,7 @@ TEST_F(BlockAlertPresenterTest, ShowsTheAlertAndSoundsOnceItIsThere) {
     ASSERT_TRUE(presenter.panel());
     EXPECT_TRUE(presenter.panel()->isVisible());
     EXPECT_EQ(view().accessibleName(), u"You're tolvar, Chat is blocked");
-    EXPECT_EQ(journal.take(), (Texts{u"traits 7"_s, u"activate"_s, u"play blocked"_s}));
+    EXPECT_EQ(journal.take(), (Texts{u"traits 15"_s, u"activate"_s, u"play blocked"_s}));
 }
 
 TEST_F(BlockAlertPresenterTest, DropsWhatIsBlockedWhileOneIsShown) {
