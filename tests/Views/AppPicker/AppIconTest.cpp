@@ -1,6 +1,7 @@
 #include "Platform/Null/NullIconThemeSettings.h"
 #include "Platform/Null/NullWorkspace.h"
 #include "Support/FakeInstalledApplications.h"
+#include "Support/ToleratedWarning.h"
 #include "Views/AppPicker/AppIconStack.h"
 #include "Views/AppPicker/AppIconView.h"
 #include "Views/AppPicker/ApplicationIcons.h"
@@ -111,6 +112,7 @@ TEST_F(AppIconStackTest, KnowsWhichIconIsOnTop) {
 }
 
 TEST_F(AppIconStackTest, TellsTheNameOfTheIconUnderThePointer) {
+    const ToleratedWarning noRaising(u"support raise"_s);
     auto* stack = new AppIconStack(icons, size);
     stack->setAppNames({u"Chat"_s, u"<b>Mail</b>"_s});
     shown(stack);
@@ -121,8 +123,11 @@ TEST_F(AppIconStackTest, TellsTheNameOfTheIconUnderThePointer) {
 }
 
 TEST_F(AppIconStackTest, IsAPictureCalledByAllNames) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English));
     AppIconStack stack(icons, size);
     stack.setAppNames({u"Chat"_s, u"Mail"_s});
+    QLocale::setDefault(before);
     EXPECT_EQ(accessible(stack)->role(), QAccessible::Graphic);
     EXPECT_EQ(accessible(stack)->text(QAccessible::Name), u"Chat and Mail");
 }

@@ -33,6 +33,7 @@ protected:
     }
     ~ApplicationIconsTest() override {
         QIcon::setThemeName(themeBefore);
+        QIcon::setFallbackThemeName(fallbackBefore);
         QIcon::setThemeSearchPaths(pathsBefore);
     }
 
@@ -60,6 +61,7 @@ protected:
     ApplicationIcons make() { return ApplicationIcons({installed, workspace, theme}); }
 
     const QString themeBefore = QIcon::themeName();
+    const QString fallbackBefore = QIcon::fallbackThemeName();
     const QStringList pathsBefore = QIcon::themeSearchPaths();
     QTemporaryDir folder;
     Journal journal;
