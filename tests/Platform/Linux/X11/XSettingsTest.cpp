@@ -1,6 +1,7 @@
 #include "Platform/Linux/X11/XSettings.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <gtest/gtest.h>
 
