@@ -12,6 +12,8 @@ enum class PanelTrait {
     outOfTaskbar = 2,
     /// Above ordinary windows; above one that fills the screen as soon as it is activated.
     aboveOthers = 4,
+    /// It has a shadow drawn within it: compositors are to add none.
+    ownShadow = 8,
 };
 Q_DECLARE_FLAGS(PanelTraits, PanelTrait)
 Q_DECLARE_OPERATORS_FOR_FLAGS(PanelTraits)

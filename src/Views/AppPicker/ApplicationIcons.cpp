@@ -21,6 +21,29 @@ constexpr QLatin1StringView unthemedFolder = "/usr/share/pixmaps"_L1;
 /// Icons that programs name with their file's ending, against the Desktop Entry Specification.
 constexpr QLatin1StringView endings[] = {".png"_L1, ".svg"_L1, ".xpm"_L1};
 
+constexpr QLatin1StringView everybodysTheme = "hicolor"_L1;
+/// Icons of programs that bring none to everybody's theme.
+constexpr QLatin1StringView completeTheme = "Adwaita"_L1;
+
+bool isInstalled(const QString& theme) {
+    const QStringList folders = QIcon::themeSearchPaths();
+    return !theme.isEmpty() && std::ranges::any_of(folders, [&](const QString& folder) {
+        return QFileInfo::exists(folder + u'/' + theme + u"/index.theme"_s);
+    });
+}
+
+/// Qt looks nowhere else when a theme is not there.
+void useTheme(const QString& wanted) {
+    const QString known =
+        isInstalled(QIcon::themeName()) ? QIcon::themeName() : QString(everybodysTheme);
+    const QString name = isInstalled(wanted) ? wanted : known;
+    if (name != QIcon::themeName())
+        QIcon::setThemeName(name);
+    const QString fallback = isInstalled(completeTheme) ? completeTheme : everybodysTheme;
+    if (fallback != QIcon::fallbackThemeName())
+        QIcon::setFallbackThemeName(fallback);
+}
+
 QIcon themedIcon(const QString& name) {
     if (QDir::isAbsolutePath(name))
         return QFileInfo(name).isFile() ? QIcon(name) : QIcon();
@@ -62,9 +85,7 @@ void ApplicationIcons::adoptTheme() {
         QIcon::setThemeSearchPaths(folders);
     if (!QIcon::fallbackSearchPaths().contains(unthemedFolder))
         QIcon::setFallbackSearchPaths(QIcon::fallbackSearchPaths() << unthemedFolder);
-    const QString name = m_environment.theme.themeName();
-    if (!name.isEmpty() && name != QIcon::themeName())
-        QIcon::setThemeName(name);
+    useTheme(m_environment.theme.themeName());
 }
 
 void ApplicationIcons::refresh() {

@@ -15,8 +15,8 @@ namespace tolvar {
 
 namespace {
 
-constexpr PanelTraits traits =
-    PanelTraits(PanelTrait::onEveryDesktop) | PanelTrait::outOfTaskbar | PanelTrait::aboveOthers;
+constexpr PanelTraits traits = PanelTraits(PanelTrait::onEveryDesktop) | PanelTrait::outOfTaskbar |
+                               PanelTrait::aboveOthers | PanelTrait::ownShadow;
 
 QScreen* screenUnderPointer() {
     const auto screens = QGuiApplication::screens();

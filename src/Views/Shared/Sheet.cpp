@@ -119,13 +119,14 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-/// Round and round within the card.
+/// Round and round within the card. The sheet itself has the keyboard only until somebody goes to
+/// something on it.
 bool Sheet::focusNextPrevChild(bool next) {
     QWidget* const start = focusWidget() ? focusWidget() : this;
     QWidget* widget = start;
     do
         widget = next ? widget->nextInFocusChain() : widget->previousInFocusChain();
-    while (widget != start && !(isAncestorOf(widget) && takesTab(*widget)));
+    while (widget != start && !(widget != this && isAncestorOf(widget) && takesTab(*widget)));
     if (widget != start)
         widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;

@@ -92,6 +92,7 @@ TEST_F(SheetTest, KeepsTheKeyboardWithinItself) {
     for (int i = 0; i < 5; ++i) {
         key(*window.focusWidget(), QEvent::KeyPress, Qt::Key_Tab);
         EXPECT_TRUE(sheet.isAncestorOf(window.focusWidget()));
+        EXPECT_NE(window.focusWidget(), &sheet);
     }
     EXPECT_FALSE(behind.hasFocus());
 }

@@ -68,6 +68,9 @@ std::unique_ptr<X11PanelWindows> X11PanelWindows::create() {
 void X11PanelWindows::setTraits(NativeWindow window, PanelTraits traits) {
     const auto id = static_cast<xcb_window_t>(window);
     const auto states = statesFor(m_connection->ewmh(), traits);
+    if (traits.testFlag(PanelTrait::ownShadow))
+        m_connection->setWords(id, m_connection->atom(XAtom::comptonShadow), XCB_ATOM_CARDINAL,
+                               {0});
     const bool isOnEveryDesktop = traits.testFlag(PanelTrait::onEveryDesktop);
     if (m_connection->isMapped(id))
         request(*m_connection, id, states, isOnEveryDesktop);

@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr std::array<std::string_view, 9> atomNames{
+constexpr std::array<std::string_view, 10> atomNames{
     "WM_STATE",
     "WM_CHANGE_STATE",
     "WM_CLIENT_LEADER",
@@ -28,6 +28,7 @@ constexpr std::array<std::string_view, 9> atomNames{
     "_TOLVAR_HIDDEN",
     "_XSETTINGS_S0",
     "_XSETTINGS_SETTINGS",
+    "_COMPTON_SHADOW",
 };
 
 struct FreeReply {

@@ -29,6 +29,8 @@ enum class XAtom {
     /// The selection and the property of the desktop's settings; see XSettings.
     xSettingsSelection,
     xSettingsSettings,
+    /// Whether a compositor draws a shadow (0 for none): the custom of those that draw them.
+    comptonShadow,
 };
 
 /// The value of one property of a window. Absent properties are empty.
@@ -134,7 +136,7 @@ private:
 
     xcb_ewmh_connection_t m_ewmh{};
     xcb_window_t m_root = XCB_NONE;
-    std::array<xcb_atom_t, 9> m_atoms{};
+    std::array<xcb_atom_t, 10> m_atoms{};
     bool m_knowsProcesses = false;
     std::vector<Event> m_events;
 };
