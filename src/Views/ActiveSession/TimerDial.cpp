@@ -144,6 +144,8 @@ void TimerDial::showEvent(QShowEvent* event) {
 
 void TimerDial::hideEvent(QHideEvent* event) {
     SpokenText::hideEvent(event);
+    // What was to come has come.
+    m_sweepBegins = m_driver.now();
     m_clock.finish();
     m_progress.finish();
     m_pause.finish();

@@ -112,6 +112,18 @@ TEST_F(TimerDialTest, SweepsOnlyTheFirstTime) {
     EXPECT_FALSE(frames.isRunning());
 }
 
+TEST_F(TimerDialTest, DoesNotWaitForASweepThatNobodySaw) {
+    dial.setReading(running(750));
+    window.show();
+    frames.advance(0.1);
+    window.hide();
+    window.show();
+    EXPECT_NEAR(shownProgress(), 0.5, roundEnd);
+    dial.setReading(running(375));
+    frames.advance(0.2);
+    EXPECT_GT(shownProgress(), 0.52);
+}
+
 TEST_F(TimerDialTest, FollowsTheProgressOnASpring) {
     appeared(running(750));
     dial.setReading(running(375));
