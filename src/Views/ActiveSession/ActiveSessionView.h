@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Extensions/Date.h"
 #include "Views/Shared/ControlContext.h"
 
 #include <QWidget>
@@ -25,8 +26,8 @@ class ActiveSessionView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the extend key adds, in seconds.
-    static constexpr double extension = 300;
+    /// What the extend key adds.
+    static constexpr Seconds extension = 300;
 
     /// `manager` outlives the view.
     ActiveSessionView(const ControlContext& context, FocusManager& manager,

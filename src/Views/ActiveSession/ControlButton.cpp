@@ -44,11 +44,7 @@ void ControlButton::setAccessibilityLabel(const QString& label) {
 }
 
 void ControlButton::paintLabel(QPainter& painter, const QRectF& label, const QColor& ink) {
-    const double middle = label.center().y();
-    const QPointF left(0, middle);
-    const QPointF right(width(), middle);
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    m_label({painter, label, ink, isMirrored ? right : left, isMirrored ? left : right});
+    m_label({painter, label, ink});
 }
 
 } // namespace tolvar

@@ -11,16 +11,13 @@ class ControlButton : public KeyButton {
     Q_OBJECT
 
 public:
-    /// What a label is painted in, and all that it is to show may be taken from.
+    /// What a label is painted on.
     struct Canvas {
         QPainter& painter;
-        /// Where the label stands; it moves with the key.
+        /// Where the label stands, in the key's coordinates; it moves with the key.
         QRectF place;
-        /// The key's own, by its state.
+        /// By the key's state.
         QColor ink;
-        /// The whole width of the key: left and right, at the height of the label's middle.
-        QPointF leading;
-        QPointF trailing;
     };
     using Label = std::function<void(const Canvas&)>;
 

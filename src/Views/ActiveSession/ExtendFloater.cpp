@@ -22,12 +22,12 @@ QString text() {
     return u"+5 min"_s;
 }
 
-QFont font() {
+QFont textFont() {
     return Instrument::font(11, QFont::Medium);
 }
 
 QSizeF textSize() {
-    return {Paint::textWidth(text(), font()), QFontMetricsF(font()).height()};
+    return {Paint::textWidth(text(), textFont()), QFontMetricsF(textFont()).height()};
 }
 
 CubicKeyframe cubic(double to, double duration) {
@@ -82,7 +82,7 @@ void ExtendFloater::paintEvent(QPaintEvent*) {
     painter.scale(now.scale, now.scale);
     QRectF box(0, 0, width(), textSize().height());
     box.moveCenter({});
-    Paint::text(painter, box, text(), font(), Instrument::Palette::amber, Qt::AlignHCenter);
+    Paint::text(painter, box, text(), textFont(), Instrument::Palette::amber, Qt::AlignHCenter);
 }
 
 void ExtendFloater::hideEvent(QHideEvent* event) {

@@ -81,23 +81,24 @@ void GoalText::setGoal(const QString& goal) {
 }
 
 /// Scripts whose letters are joined do not bear tracking.
-QFont GoalText::font() const {
+QFont GoalText::textFont() const {
     return Instrument::font(goalStyle.goalSize, QFont::Medium,
                             m_goal.isRightToLeft() ? 0 : goalStyle.goalTracking);
 }
 
 int GoalText::heightForWidth(int width) const {
-    const auto lines = wrappedLines(m_goal, font(), width, goalStyle.mostLines).size();
-    return qRound(QFontMetricsF(font()).height()) *
+    const auto lines = wrappedLines(m_goal, textFont(), width, goalStyle.mostLines).size();
+    return qRound(QFontMetricsF(textFont()).height()) *
            static_cast<int>(std::max<std::size_t>(lines, 1));
 }
 
 void GoalText::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setLayoutDirection(m_goal.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-    QRectF line(0, 0, width(), qRound(QFontMetricsF(font()).height()));
-    for (const QString& content : wrappedLines(m_goal, font(), width(), goalStyle.mostLines)) {
-        Paint::text(painter, line, content, font(), Instrument::Palette::label, Qt::AlignHCenter);
+    QRectF line(0, 0, width(), qRound(QFontMetricsF(textFont()).height()));
+    for (const QString& content : wrappedLines(m_goal, textFont(), width(), goalStyle.mostLines)) {
+        Paint::text(painter, line, content, textFont(), Instrument::Palette::label,
+                    Qt::AlignHCenter);
         line.translate(0, line.height());
     }
 }

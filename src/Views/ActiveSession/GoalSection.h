@@ -43,7 +43,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QFont font() const;
+    QFont textFont() const;
 
     QString m_goal;
 };

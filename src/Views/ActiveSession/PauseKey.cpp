@@ -32,10 +32,8 @@ void PauseKey::setFace(const PauseKeyFace& face) {
 
 void PauseKey::paintFace(const Canvas& canvas) const {
     m_symbol.paint(canvas.painter, canvas.place.center(), symbolPoints, canvas.ink);
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    m_lamps.paint(canvas.painter,
-                  canvas.trailing + QPointF(isMirrored ? lampsInset : -lampsInset, 0),
-                  layoutDirection());
+    const double trailing = isRightToLeft() ? lampsInset : width() - lampsInset;
+    m_lamps.paint(canvas.painter, {trailing, canvas.place.center().y()}, layoutDirection());
 }
 
 void PauseKey::finish() {

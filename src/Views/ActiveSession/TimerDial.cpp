@@ -69,23 +69,11 @@ TimerDial::TimerDial(AnimationDriver& driver, QWidget* parent)
               })
     , m_progress(driver, 0, [this] { arcMoved(); })
     , m_pause(driver, 0, [this] { update(); })
-    , m_breath(driver, 0,
-               [this] {
-                   const QPoint middle = rect().center();
-                   QRect hole(0, 0, static_cast<int>(dialStyle.hole),
-                              static_cast<int>(dialStyle.hole));
-                   hole.moveCenter(middle);
-                   update(QRegion(rect()) - QRegion(hole));
-               })
-    , m_settingsConnection(
-          connect(&driver, &AnimationDriver::settingsChanged, this, &TimerDial::breathe)) {
+    , m_breath(driver, 0, [this] { arcDimmed(); }) {
+    connect(&driver, &AnimationDriver::settingsChanged, this, &TimerDial::breathe);
     m_progress.setPrecision(arcPrecision);
     setFixedSize(sizeHint());
     m_clock.show(m_reading.clock());
-}
-
-TimerDial::~TimerDial() {
-    disconnect(m_settingsConnection);
 }
 
 QSize TimerDial::sizeHint() const {
@@ -156,6 +144,8 @@ void TimerDial::showEvent(QShowEvent* event) {
 
 void TimerDial::hideEvent(QHideEvent* event) {
     SpokenText::hideEvent(event);
+    // What was to come has come.
+    m_sweepBegins = m_driver.now();
     m_clock.finish();
     m_progress.finish();
     m_pause.finish();
@@ -171,6 +161,12 @@ double TimerDial::shownProgress() const {
 void TimerDial::arcMoved() {
     if (const double shown = shownProgress(); shown != m_arc.progress)
         update(arcChange(m_arc.progress, shown).toAlignedRect());
+}
+
+void TimerDial::arcDimmed() {
+    QRectF hole(0, 0, dialStyle.hole, dialStyle.hole);
+    hole.moveCenter(QRectF(rect()).center());
+    update(QRegion(rect()) - QRegion(hole.toRect()));
 }
 
 double TimerDial::arcOpacity() const {

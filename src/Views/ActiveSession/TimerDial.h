@@ -21,7 +21,6 @@ class TimerDial final : public SpokenText {
 public:
     /// `driver` outlives the dial.
     explicit TimerDial(AnimationDriver& driver, QWidget* parent = nullptr);
-    ~TimerDial() override;
 
     const DialReading& reading() const { return m_reading; }
     void setReading(const DialReading& reading);
@@ -46,6 +45,7 @@ private:
     void movePause();
     void breathe();
     void arcMoved();
+    void arcDimmed();
     double arcOpacity() const;
     double shownProgress() const;
     void drawLayers();
@@ -63,7 +63,6 @@ private:
     std::optional<double> m_sweepBegins;
     QPixmap m_plate;
     Drawn m_arc;
-    QMetaObject::Connection m_settingsConnection;
 };
 
 } // namespace tolvar

@@ -72,7 +72,10 @@ TEST_F(ExtendFloaterTest, IsNotCutOnItsWay) {
     }
 }
 
-TEST_F(ExtendFloaterTest, SaysAllOfIt) {
+TEST_F(ExtendFloaterTest, SaysAllOfItInLettersOfItsOwn) {
+    QFont huge = window.font();
+    huge.setPixelSize(40);
+    window.setFont(huge);
     floater.setTrigger(1);
     frames.advance(0.55);
     const QImage image = picture(floater);

@@ -49,6 +49,21 @@ protected:
                         dial.height() / 2 - 30)
             .red();
     }
+    /// The middle of the light of the last digit, as a height.
+    double lastDigit() {
+        QImage image(dial.size(), QImage::Format_RGB32);
+        image.fill(Qt::black);
+        dial.render(&image, {}, {}, QWidget::DrawChildren);
+        const int middle = dial.width() / 2;
+        double sum = 0;
+        double weighted = 0;
+        for (int y = middle - 40; y < middle + 20; ++y)
+            for (int x = middle + 32; x < middle + 58; ++x) {
+                sum += qRed(image.pixel(x, y));
+                weighted += qRed(image.pixel(x, y)) * (y + 0.5);
+            }
+        return weighted / sum;
+    }
     TimerDial& appeared(const DialReading& reading) {
         dial.setReading(reading);
         window.show();
@@ -97,6 +112,18 @@ TEST_F(TimerDialTest, SweepsOnlyTheFirstTime) {
     EXPECT_FALSE(frames.isRunning());
 }
 
+TEST_F(TimerDialTest, DoesNotWaitForASweepThatNobodySaw) {
+    dial.setReading(running(750));
+    window.show();
+    frames.advance(0.1);
+    window.hide();
+    window.show();
+    EXPECT_NEAR(shownProgress(), 0.5, roundEnd);
+    dial.setReading(running(375));
+    frames.advance(0.2);
+    EXPECT_GT(shownProgress(), 0.52);
+}
+
 TEST_F(TimerDialTest, FollowsTheProgressOnASpring) {
     appeared(running(750));
     dial.setReading(running(375));
@@ -124,6 +151,18 @@ TEST_F(TimerDialTest, DoesNotGoBeyondTheFullRing) {
         picture(dial);
     }
     EXPECT_EQ(shownProgress(), 1);
+}
+
+TEST_F(TimerDialTest, LetsItsDigitsFallAsTimeRunsOutAndRiseWhenThereIsMore) {
+    appeared(running(8));
+    const double atRest = lastDigit();
+    dial.setReading(running(0));
+    frames.advance(0.04);
+    EXPECT_GT(lastDigit(), atRest + 0.5);
+    settle();
+    dial.setReading(running(8));
+    frames.advance(0.04);
+    EXPECT_LT(lastDigit(), atRest - 0.5);
 }
 
 TEST_F(TimerDialTest, BreathesWhileItIsPaused) {

@@ -62,6 +62,18 @@ TEST(WrappedText, HasNoEllipsisWhenTheLastLineHoldsTheRest) {
     EXPECT_EQ(wrapped[2], u"again"_s);
 }
 
+TEST(WrappedText, LosesNothingWithoutAnEllipsis) {
+    for (int length = 60; length < 140; ++length) {
+        const QString word = u"x"_s.repeated(length);
+        const auto wrapped = lines(word);
+        expectAllFit(wrapped);
+        QString all;
+        for (const QString& line : wrapped)
+            all += line;
+        EXPECT_TRUE(all == word || all.endsWith(u'…')) << length;
+    }
+}
+
 TEST(WrappedText, BreaksAWordThatFitsNoLine) {
     const QString word = u"Rindfleischetikettierungsüberwachungsaufgabenübertragungsgesetz"_s;
     const auto wrapped = lines(word);
