@@ -50,7 +50,8 @@ std::uint16_t side(int length) {
 TrayWindow::TrayWindow(std::shared_ptr<TrayConnection> connection, QSize size, Observer observer)
     : m_connection(std::move(connection))
     , m_observer(std::move(observer))
-    , m_visual(trayVisual()) {
+    , m_visual(trayVisual())
+    , m_size(size) {
     m_events = m_connection->observe({.happened = [this](const auto& event) { handle(event); }});
     create(size);
     describe(size);
@@ -122,6 +123,7 @@ void TrayWindow::dock() {
 
 /// Trays look at the hints or at the request; each for itself is not heard by all.
 void TrayWindow::askForSize(QSize size) {
+    m_wanted = size;
     xcb_size_hints_t hints{};
     xcb_icccm_size_hints_set_min_size(&hints, side(size.width()), side(size.height()));
     xcb_icccm_size_hints_set_base_size(&hints, side(size.width()), side(size.height()));
@@ -257,6 +259,8 @@ void TrayWindow::handleReparent(const xcb_reparent_notify_event_t& event) {
     if (event.window == m_window && event.parent == m_connection->server().root())
         return m_observer.released();
     m_isDocked = true;
+    if (event.window == m_window) // some trays make it square first, whatever it wants to be
+        askForSize(m_wanted);
     watchAncestors();
     m_observer.moved();
 }
