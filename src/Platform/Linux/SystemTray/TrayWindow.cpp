@@ -164,8 +164,9 @@ std::optional<QColor> TrayWindow::averageBackground() const {
 QImage TrayWindow::background() {
     if (!m_isMapped || !m_isDocked)
         return {};
-    if (std::exchange(m_isBackgroundOld, false))
+    if (m_isBackgroundOld)
         readBackground();
+    m_isBackgroundOld = m_background.isNull();
     return m_background;
 }
 
@@ -266,16 +267,15 @@ void TrayWindow::handleReparent(const xcb_reparent_notify_event_t& event) {
 }
 
 void TrayWindow::handleConfigure(const xcb_configure_notify_event_t& event) {
-    if (m_ancestors.contains(event.window))
-        return m_observer.moved();
-    if (event.window != m_window)
+    const bool isOwn = event.window == m_window;
+    if (!isOwn && !m_ancestors.contains(event.window))
         return;
-    const QSize size(event.width, event.height);
-    if (std::exchange(m_size, size) != size) {
+    const QSize size = isOwn ? QSize(event.width, event.height) : m_size;
+    if (std::exchange(m_size, size) != size)
         m_isBackgroundOld = true;
-        if (m_isDocked)
-            m_observer.exposed();
-    }
+    // Nothing can be read of a window that is not wholly on the screen, as in a panel on its way.
+    if (m_isBackgroundOld && m_isDocked)
+        m_observer.exposed();
     m_observer.moved();
 }
 

@@ -110,7 +110,8 @@ void FakeTray::dock(xcb_window_t window) {
     const std::uint32_t values[] = {side, side};
     xcb_configure_window(m_server->get(), window,
                          XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values);
-    m_server->map(window);
+    if (m_showsIcons)
+        m_server->map(window);
 }
 
 void FakeTray::configure(const xcb_configure_request_event_t& request) {

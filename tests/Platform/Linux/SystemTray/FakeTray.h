@@ -45,6 +45,8 @@ public:
     QSize iconSize() const;
     /// Whether the icon says that it wants to be shown (_XEMBED_INFO).
     bool iconWantsToBeMapped() const;
+    /// From now on it docks and does not show.
+    void hideIcons() { m_showsIcons = false; }
     /// Throws the icon out, onto the root window.
     void release();
     void move(QPoint corner);
@@ -71,6 +73,7 @@ private:
     xcb_window_t m_icon = XCB_NONE;
     int m_thickness = thickness;
     int m_docks = 0;
+    bool m_showsIcons = true;
 };
 
 } // namespace tolvar::test

@@ -204,6 +204,16 @@ TEST_F(SystemTrayItemTest, DocksAgainWhenItIsThrownOut) {
     EXPECT_NE(tray->icon(), former);
 }
 
+TEST_F(SystemTrayItemTest, AsksATrayAgainThatDoesNotShowIt) {
+    openTray();
+    makeItem();
+    EXPECT_TRUE(eventually([&] {
+        tray->hideIcons();
+        tray->work();
+        return tray->docks() == 2;
+    }));
+}
+
 TEST_F(SystemTrayItemTest, LeavesTheTrayWhenItEnds) {
     openTray();
     appear();
