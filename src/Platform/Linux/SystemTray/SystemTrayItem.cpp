@@ -20,6 +20,10 @@ constexpr double usualThickness = 24;
 constexpr double slack = 1;
 /// How long the pointer rests before the tooltip opens.
 constexpr auto restBeforeToolTip = 600ms;
+/// How long a tray may take to show the item before it is asked anew, and how often that is done: a
+/// tray that has only just started may dock a window and forget to show itself.
+constexpr auto patience = 2s;
+constexpr int mostAttempts = 3;
 
 } // namespace
 
@@ -34,19 +38,28 @@ SystemTrayItem::SystemTrayItem(std::shared_ptr<TrayConnection> connection, const
         m_isToolTipShown = true;
         showToolTip();
     });
-    m_trays = m_connection->observe({.managerChanged = [this] { enterTray(); }});
-    enterTray();
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] { enterTray(); });
+    m_trays = m_connection->observe({.managerChanged = [this] { enterNewTray(); }});
+    enterNewTray();
 }
 
 SystemTrayItem::~SystemTrayItem() {
     hover(false);
 }
 
+void SystemTrayItem::enterNewTray() {
+    m_attempts = 0;
+    enterTray();
+}
+
 /// Where there is none, it waits outside.
 void SystemTrayItem::enterTray() {
     hover(false);
     m_window.reset();
-    if (m_connection->manager() == XCB_NONE)
+    m_patience.stop();
+    if (m_connection->manager() == XCB_NONE || m_attempts == mostAttempts)
         return;
     m_window = std::make_unique<TrayWindow>(
         m_connection, wantedSize(),
@@ -58,6 +71,8 @@ void SystemTrayItem::enterTray() {
             .clicked = [this](int button, QPoint place) { click(button, place); }});
     m_window->setName(m_content.accessibleLabel);
     m_offeredInk = m_window->offeredInk();
+    if (++m_attempts < mostAttempts)
+        m_patience.start();
 }
 
 /// Not from within the window's own event. A tray that merely let go of it has it back then.
@@ -138,6 +153,7 @@ void SystemTrayItem::paint() {
                         trayInk(m_offeredInk, m_window->averageBackground()));
     painter.end();
     m_window->put(picture);
+    m_patience.stop();
 }
 
 std::optional<QRect> SystemTrayItem::anchor() const {

@@ -46,6 +46,7 @@ public:
     }
 
 private:
+    void enterNewTray();
     void enterTray();
     void leaveTraySoon();
     void tellMovedSoon();
@@ -66,7 +67,9 @@ private:
     std::unique_ptr<TrayWindow> m_window;
     std::optional<QColor> m_offeredInk;
     double m_toldThickness;
-    QTimer m_rest; ///< runs while the pointer is about to have rested on the item
+    QTimer m_patience;  ///< runs until the tray shows the item
+    int m_attempts = 0; ///< to get into this tray
+    QTimer m_rest;      ///< runs while the pointer is about to have rested on the item
     bool m_isToolTipShown = false;
     bool m_isMoveUntold = false;
     ObserverList<Observer> m_observers;

@@ -50,7 +50,8 @@ std::uint16_t side(int length) {
 TrayWindow::TrayWindow(std::shared_ptr<TrayConnection> connection, QSize size, Observer observer)
     : m_connection(std::move(connection))
     , m_observer(std::move(observer))
-    , m_visual(trayVisual()) {
+    , m_visual(trayVisual())
+    , m_size(size) {
     m_events = m_connection->observe({.happened = [this](const auto& event) { handle(event); }});
     create(size);
     describe(size);
@@ -122,6 +123,7 @@ void TrayWindow::dock() {
 
 /// Trays look at the hints or at the request; each for itself is not heard by all.
 void TrayWindow::askForSize(QSize size) {
+    m_wanted = size;
     xcb_size_hints_t hints{};
     xcb_icccm_size_hints_set_min_size(&hints, side(size.width()), side(size.height()));
     xcb_icccm_size_hints_set_base_size(&hints, side(size.width()), side(size.height()));
@@ -162,8 +164,9 @@ std::optional<QColor> TrayWindow::averageBackground() const {
 QImage TrayWindow::background() {
     if (!m_isMapped || !m_isDocked)
         return {};
-    if (std::exchange(m_isBackgroundOld, false))
+    if (m_isBackgroundOld)
         readBackground();
+    m_isBackgroundOld = m_background.isNull();
     return m_background;
 }
 
@@ -257,21 +260,22 @@ void TrayWindow::handleReparent(const xcb_reparent_notify_event_t& event) {
     if (event.window == m_window && event.parent == m_connection->server().root())
         return m_observer.released();
     m_isDocked = true;
+    if (event.window == m_window) // some trays make it square first, whatever it wants to be
+        askForSize(m_wanted);
     watchAncestors();
     m_observer.moved();
 }
 
 void TrayWindow::handleConfigure(const xcb_configure_notify_event_t& event) {
-    if (m_ancestors.contains(event.window))
-        return m_observer.moved();
-    if (event.window != m_window)
+    const bool isOwn = event.window == m_window;
+    if (!isOwn && !m_ancestors.contains(event.window))
         return;
-    const QSize size(event.width, event.height);
-    if (std::exchange(m_size, size) != size) {
+    const QSize size = isOwn ? QSize(event.width, event.height) : m_size;
+    if (std::exchange(m_size, size) != size)
         m_isBackgroundOld = true;
-        if (m_isDocked)
-            m_observer.exposed();
-    }
+    // Nothing can be read of a window that is not wholly on the screen, as in a panel on its way.
+    if (m_isBackgroundOld && m_isDocked)
+        m_observer.exposed();
     m_observer.moved();
 }
 

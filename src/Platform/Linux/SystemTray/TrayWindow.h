@@ -85,6 +85,7 @@ private:
     xcb_window_t m_window = XCB_NONE;
     xcb_colormap_t m_colormap = XCB_NONE;
     xcb_gcontext_t m_context = XCB_NONE;
+    QSize m_wanted;
     QSize m_size;
     bool m_isDocked = false;
     bool m_isMapped = false;
