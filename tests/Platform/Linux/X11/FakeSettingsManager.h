@@ -24,6 +24,8 @@ public:
     /// Says something of no concern on a window of its own, and on the root.
     void chat();
 
+    xcb_window_t window() const { return m_window; }
+
 private:
     void announce();
 

@@ -157,9 +157,26 @@ TEST_F(X11AccessibilitySettingsTest, FollowsAManagerThatTakesThePlaceOfAnother) 
     successor.publish(on);
     successor.appear();
     EXPECT_TRUE(comesToSay(false));
-    manager.publish(off);
-    EXPECT_TRUE(TestDesktop::staysTrue([&] { return !reducesMotion(); }));
+    EXPECT_EQ(wakeUpsBy([&] { manager.publish(off); }), 0);
+    EXPECT_FALSE(reducesMotion());
     successor.publish(off);
+    EXPECT_TRUE(comesToSay(true));
+}
+
+TEST_F(X11AccessibilitySettingsTest, FollowsAManagerWhoseWindowHasTheNumberOfTheLastOne) {
+    auto first = std::make_unique<FakeSettingsManager>();
+    const auto window = first->window();
+    first->publish(off);
+    first->appear();
+    start();
+    first.reset();
+    TestDesktop::staysTrue([] { return true; });
+    FakeSettingsManager second;
+    ASSERT_EQ(second.window(), window);
+    second.publish(on);
+    second.appear();
+    EXPECT_TRUE(comesToSay(false));
+    second.publish(off);
     EXPECT_TRUE(comesToSay(true));
 }
 
