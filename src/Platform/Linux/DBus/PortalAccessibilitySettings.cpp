@@ -66,6 +66,8 @@ const std::array<PortalAccessibilitySettings::Setting, 2>
 PortalAccessibilitySettings::PortalAccessibilitySettings(const QDBusConnection& bus)
     : m_bus(bus)
     , m_serviceWatcher(serviceName, bus) {
+    // A signal is not heard as long as QtDBus knows the types of its arguments by no name.
+    qRegisterMetaType<QDBusVariant>();
     connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) { follow(owner); });
     findPortal();
@@ -88,7 +90,7 @@ void PortalAccessibilitySettings::findPortal() {
 }
 
 /// Speaks to the portal by its number on the bus: unlike its name, that is never activated, also
-/// when the portal leaves at this moment, and what it is called needs no waiting for the bus.
+/// when the portal leaves at this moment.
 void PortalAccessibilitySettings::follow(const QString& owner) {
     if (m_portal && m_portal->service() == owner)
         return;

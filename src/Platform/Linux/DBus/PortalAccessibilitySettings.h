@@ -22,9 +22,9 @@ namespace tolvar {
 /// false or `reduced-motion` of org.freedesktop.appearance is 1. A value that is absent or of
 /// another type asks for nothing.
 ///
-/// Nothing here waits: motion is not reduced until the portal has answered. It is asked when it is
-/// there or appears, and never started. What it last said stands while it is gone or fails to
-/// answer, so that nothing begins to move because a portal is restarted.
+/// Nothing here waits for the portal: motion is not reduced until the portal has answered. It is
+/// asked when it is there or appears, and never started. What it last said stands while it is gone
+/// or fails to answer, so that nothing begins to move because a portal is restarted.
 class PortalAccessibilitySettings final : public QObject, public AccessibilitySettings {
     Q_OBJECT
 

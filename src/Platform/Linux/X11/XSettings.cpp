@@ -31,7 +31,7 @@ public:
     }
     /// Texts are filled up to whole words.
     QByteArray takePadded(qsizetype length) {
-        const QByteArray taken = take(length);
+        QByteArray taken = take(length);
         take((4 - length % 4) % 4);
         return taken;
     }
@@ -54,16 +54,17 @@ private:
 struct Setting {
     QByteArray name;
     std::optional<QString> text;
+    std::optional<std::int32_t> number;
 };
 
 std::optional<Setting> next(Reader& reader) {
     const auto kind = static_cast<Kind>(reader.number<std::uint8_t>());
     reader.take(1);
     const auto nameLength = reader.number<std::uint16_t>();
-    Setting setting{reader.takePadded(nameLength), {}};
+    Setting setting{reader.takePadded(nameLength), {}, {}};
     reader.number<std::uint32_t>();
     if (kind == Kind::integer)
-        reader.number<std::uint32_t>();
+        setting.number = reader.number<std::int32_t>();
     else if (kind == Kind::color)
         reader.number<std::uint64_t>();
     else if (kind == Kind::text)
@@ -73,17 +74,28 @@ std::optional<Setting> next(Reader& reader) {
     return reader.isIntact() ? std::optional(setting) : std::nullopt;
 }
 
-} // namespace
-
-std::optional<QString> xSettingsText(const QByteArray& settings, const QByteArray& name) {
+/// Nothing when it is not there or the value is damaged before its end.
+std::optional<Setting> find(const QByteArray& settings, const QByteArray& name) {
     Reader reader(settings);
     reader.take(headerLength);
     for (auto left = reader.number<std::uint32_t>(); left > 0; --left) {
-        const auto setting = next(reader);
+        auto setting = next(reader);
         if (!setting || setting->name == name)
-            return setting ? setting->text : std::nullopt;
+            return setting;
     }
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<QString> xSettingsText(const QByteArray& settings, const QByteArray& name) {
+    const auto setting = find(settings, name);
+    return setting ? setting->text : std::nullopt;
+}
+
+std::optional<std::int32_t> xSettingsNumber(const QByteArray& settings, const QByteArray& name) {
+    const auto setting = find(settings, name);
+    return setting ? setting->number : std::nullopt;
 }
 
 } // namespace tolvar

@@ -9,6 +9,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -293,6 +294,18 @@ TEST_F(PortalAccessibilitySettingsTest, LearnsOfReducedMotionFromAPortalOfTheFir
     portal.appear();
     startAndLearn(2 * questionsPerLook);
     EXPECT_TRUE(reducesMotion());
+}
+
+TEST_F(PortalAccessibilitySettingsTest, FollowsChangesInAProgramThatDoesNothingElseWithTheBus) {
+    portal.appear();
+    QProcess listener;
+    listener.start(QCoreApplication::applicationDirPath() + u"/motion_listener"_s, {bus.address()});
+    ASSERT_TRUE(eventually([&] { return portal.questions() == questionsPerLook; }));
+    portal.change(desktop, animations, false);
+    EXPECT_TRUE(eventually([&] { return listener.canReadLine(); }));
+    EXPECT_EQ(listener.readLine(), "reduced\n");
+    listener.kill();
+    listener.waitForFinished();
 }
 
 TEST_F(PortalAccessibilitySettingsTest, NeverStartsAPortal) {

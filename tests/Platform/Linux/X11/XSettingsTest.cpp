@@ -1,7 +1,7 @@
 #include "Platform/Linux/X11/XSettings.h"
 
-#include <QDataStream>
-#include <QIODevice>
+#include "Platform/Linux/X11/XSettingsValue.h"
+#include "Support/Texts.h"
 
 #include <gtest/gtest.h>
 
@@ -9,105 +9,62 @@ namespace tolvar::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+using Order = XSettingsValue::Order;
 
-const QByteArray themeKey = "Net/IconThemeName";
-
-/// Writes the value of the property as a settings manager does.
-class Writer {
-public:
-    explicit Writer(QDataStream::ByteOrder order)
-        : m_order(order) {}
-
-    void text(const QByteArray& name, const QByteArray& value) {
-        begin(1, name);
-        m_stream << quint32(value.size());
-        padded(value);
-    }
-    void integer(const QByteArray& name, quint32 value) {
-        begin(0, name);
-        m_stream << value;
-    }
-    void color(const QByteArray& name) {
-        begin(2, name);
-        m_stream << quint64(0x1234);
-    }
-    void begin(quint8 kind, const QByteArray& name) {
-        ++m_count;
-        m_stream.setByteOrder(m_order);
-        m_stream << kind << quint8(0) << quint16(name.size());
-        padded(name);
-        m_stream << quint32(7);
-    }
-    QByteArray value() const {
-        QByteArray whole;
-        QDataStream stream(&whole, QIODevice::WriteOnly);
-        stream.setByteOrder(m_order);
-        stream << quint8(m_order == QDataStream::BigEndian ? 1 : 0) << quint8(0) << quint16(0)
-               << quint32(42) << m_count;
-        return whole + m_settings;
-    }
-
-private:
-    void padded(const QByteArray& bytes) {
-        m_stream.writeRawData(bytes.constData(), static_cast<int>(bytes.size()));
-        for (qsizetype length = bytes.size(); length % 4 != 0; ++length)
-            m_stream << quint8(0);
-    }
-
-    const QDataStream::ByteOrder m_order;
-    QByteArray m_settings;
-    QDataStream m_stream{&m_settings, QIODevice::WriteOnly};
-    quint32 m_count = 0;
-};
-
-class XSettingsTest : public testing::TestWithParam<QDataStream::ByteOrder> {
+class XSettingsTest : public testing::TestWithParam<Order> {
 protected:
-    QByteArray settings() const {
-        Writer writer(GetParam());
-        writer.integer("Net/DoubleClickTime", 400);
-        writer.color("Net/Color");
-        writer.text("Net/ThemeName", "Dark");
-        writer.text(themeKey, "Papirus-Dark");
-        writer.text("Gtk/FontName", "Inter 10");
-        return writer.value();
-    }
+    const QByteArray settings = XSettingsValue(GetParam())
+                                    .text("Net/ThemeName", "Adwaita")
+                                    .number("Xft/DPI", 98304)
+                                    .color("Example/Color")
+                                    .number("Example/Offset", -3)
+                                    .text("Net/IconThemeName", "Größe")
+                                    .bytes();
 };
 
-TEST_P(XSettingsTest, FindsATextAmongOthers) {
-    EXPECT_EQ(xSettingsText(settings(), themeKey), u"Papirus-Dark"_s);
-    EXPECT_EQ(xSettingsText(settings(), "Gtk/FontName"), u"Inter 10"_s);
+TEST_P(XSettingsTest, AreReadByTheirNames) {
+    EXPECT_EQ(xSettingsText(settings, "Net/ThemeName"), u"Adwaita"_s);
+    EXPECT_EQ(xSettingsText(settings, "Net/IconThemeName"), u"Größe"_s);
+    EXPECT_EQ(xSettingsNumber(settings, "Xft/DPI"), 98304);
+    EXPECT_EQ(xSettingsNumber(settings, "Example/Offset"), -3);
 }
 
-TEST_P(XSettingsTest, FindsNothingThatIsNotThereOrIsNoText) {
-    EXPECT_EQ(xSettingsText(settings(), "Net/Missing"), std::nullopt);
-    EXPECT_EQ(xSettingsText(settings(), "Net/DoubleClickTime"), std::nullopt);
+TEST_P(XSettingsTest, AreNothingWhenAbsentOrOfAnotherKind) {
+    EXPECT_EQ(xSettingsText(settings, "Net/SoundThemeName"), std::nullopt);
+    EXPECT_EQ(xSettingsText(settings, "Xft/DPI"), std::nullopt);
+    EXPECT_EQ(xSettingsNumber(settings, "Gtk/EnableAnimations"), std::nullopt);
+    EXPECT_EQ(xSettingsNumber(settings, "Net/ThemeName"), std::nullopt);
+    EXPECT_EQ(xSettingsNumber(settings, "Example/Color"), std::nullopt);
 }
 
-TEST_P(XSettingsTest, FindsNothingBehindDamage) {
-    const QByteArray whole = settings();
-    for (qsizetype length = 0; length < whole.size(); ++length) {
-        const auto found = xSettingsText(whole.first(length), themeKey);
-        EXPECT_TRUE(!found || *found == u"Papirus-Dark") << length;
+TEST_P(XSettingsTest, AreReadAsFarAsTheyAreIntact) {
+    for (qsizetype length = 0; length < settings.size(); ++length) {
+        const QByteArray cut = settings.left(length);
+        EXPECT_EQ(xSettingsText(cut, "Net/IconThemeName"), std::nullopt) << length;
+        const auto number = xSettingsNumber(cut, "Xft/DPI");
+        EXPECT_TRUE(!number || *number == 98304) << length;
     }
-    Writer writer(GetParam());
-    writer.begin(9, "Net/Unknown");
-    writer.text(themeKey, "Dark");
-    EXPECT_EQ(xSettingsText(writer.value(), themeKey), std::nullopt);
+    EXPECT_EQ(xSettingsNumber(settings.chopped(1), "Xft/DPI"), 98304);
 }
 
-TEST_P(XSettingsTest, BelievesNoLengthBeyondTheEnd) {
-    Writer writer(GetParam());
-    writer.text(themeKey, "Dark");
-    QByteArray value = writer.value();
+TEST_P(XSettingsTest, BelieveNoLengthBeyondTheEnd) {
+    QByteArray value = XSettingsValue(GetParam()).text("Net/IconThemeName", "Dark").bytes();
     value.replace(value.size() - 8, 4, "\xFF\xFF\xFF\xFF");
-    EXPECT_EQ(xSettingsText(value, themeKey), std::nullopt);
+    EXPECT_EQ(xSettingsText(value, "Net/IconThemeName"), std::nullopt);
 }
 
-INSTANTIATE_TEST_SUITE_P(InEitherByteOrder, XSettingsTest,
-                         testing::Values(QDataStream::LittleEndian, QDataStream::BigEndian),
-                         [](const auto& order) {
-                             return order.param == QDataStream::BigEndian ? "Big" : "Little";
-                         });
+INSTANTIATE_TEST_SUITE_P(InEitherOrder, XSettingsTest,
+                         testing::Values(Order::leastSignificantFirst,
+                                         Order::mostSignificantFirst));
+
+TEST(XSettings, EndAtAKindThatNobodyKnows) {
+    QByteArray settings =
+        XSettingsValue().number("Example/First", 1).number("Example/Second", 2).bytes();
+    const qsizetype kindOfSecond = settings.indexOf("Example/Second") - 4;
+    settings[kindOfSecond] = 9;
+    EXPECT_EQ(xSettingsNumber(settings, "Example/First"), 1);
+    EXPECT_EQ(xSettingsNumber(settings, "Example/Second"), std::nullopt);
+}
 
 } // namespace
 } // namespace tolvar::test
