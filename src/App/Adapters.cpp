@@ -1,12 +1,15 @@
 #include "App/Adapters.h"
 
+#include "Platform/Common/CombinedAccessibilitySettings.h"
 #include "Platform/Common/SqlitePreferences.h"
 #include "Platform/Linux/Audio/OpenAlDevice.h"
 #include "Platform/Linux/Audio/WaveFileReader.h"
+#include "Platform/Linux/DBus/PortalAccessibilitySettings.h"
 #include "Platform/Linux/Desktop/DesktopEntries.h"
 #include "Platform/Linux/Desktop/XdgIconThemeSettings.h"
 #include "Platform/Linux/Desktop/XdgInstalledApplications.h"
 #include "Platform/Linux/Journal/JournalLog.h"
+#include "Platform/Linux/X11/X11AccessibilitySettings.h"
 #include "Platform/Linux/X11/X11IconThemeSettings.h"
 #include "Platform/Linux/X11/X11PanelWindows.h"
 #include "Platform/Linux/X11/X11PointerPresses.h"
@@ -63,6 +66,14 @@ std::unique_ptr<PanelWindows> Adapters::panelWindows() {
 
 std::unique_ptr<PointerPresses> Adapters::pointerPresses() {
     return std::make_unique<X11PointerPresses>();
+}
+
+std::unique_ptr<AccessibilitySettings> Adapters::accessibilitySettings(const QDBusConnection& bus) {
+    CombinedAccessibilitySettings::Sources sources;
+    sources.push_back(std::make_unique<PortalAccessibilitySettings>(bus));
+    if (auto ofX11 = X11AccessibilitySettings::create())
+        sources.push_back(std::move(ofX11));
+    return std::make_unique<CombinedAccessibilitySettings>(std::move(sources));
 }
 
 std::unique_ptr<AudioDevice> Adapters::audioDevice() {

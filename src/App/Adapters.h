@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QDBusConnection>
 #include <QString>
 
 #include <memory>
 
 namespace tolvar {
 
+class AccessibilitySettings;
 class AudioDevice;
 class AudioFileReader;
 class IconThemeSettings;
@@ -32,6 +34,8 @@ std::unique_ptr<InstalledApplications> installedApplications();
 std::unique_ptr<IconThemeSettings> iconThemeSettings();
 std::unique_ptr<PanelWindows> panelWindows();
 std::unique_ptr<PointerPresses> pointerPresses();
+/// `bus` need not be connected.
+std::unique_ptr<AccessibilitySettings> accessibilitySettings(const QDBusConnection& bus);
 /// Opens nothing before it is started. To be called on the main thread.
 std::unique_ptr<AudioDevice> audioDevice();
 std::unique_ptr<AudioFileReader> audioFileReader();

@@ -5,6 +5,8 @@
 #include "App/StatusItems/StatusItems.h"
 #include "Models/CategoryStore.h"
 #include "Models/FocusManager.h"
+#include "Motion/AnimationDriver.h"
+#include "Platform/Interfaces/AccessibilitySettings.h"
 #include "Platform/Interfaces/IconThemeSettings.h"
 #include "Platform/Interfaces/PanelWindows.h"
 #include "Platform/Interfaces/PointerPresses.h"
@@ -18,6 +20,8 @@ namespace tolvar {
 
 DesktopFace::DesktopFace(const Environment& environment)
     : m_environment(environment)
+    , m_accessibility(Adapters::accessibilitySettings(environment.bus))
+    , m_accessibilitySubscription(m_accessibility->observe([this] { followMotion(); }))
     , m_iconTheme(Adapters::iconThemeSettings())
     , m_presses(Adapters::pointerPresses())
     , m_icons({environment.installed, environment.workspace, *m_iconTheme})
@@ -32,6 +36,7 @@ DesktopFace::DesktopFace(const Environment& environment)
                      .timers = environment.timers,
                      .motion = environment.context.motion,
                      .item = *m_statusItem}) {
+    followMotion();
     connect(&m_menuBarItem, &MenuBarItem::clicked, this, &DesktopFace::togglePopover);
     connect(&m_menuBarItem, &MenuBarItem::chosen, this, &DesktopFace::perform);
     connect(&m_menuBarItem, &MenuBarItem::moved, this, [this] {
@@ -41,6 +46,14 @@ DesktopFace::DesktopFace(const Environment& environment)
 }
 
 DesktopFace::~DesktopFace() = default;
+
+/// As much motion as the user of this desktop wants.
+void DesktopFace::followMotion() {
+    AnimationDriver& motion = m_environment.context.motion;
+    MotionSettings settings = motion.settings();
+    settings.isReduced = m_accessibility->reducesMotion();
+    motion.setSettings(settings);
+}
 
 PopoverWindow& DesktopFace::popover() {
     if (m_popover)

@@ -18,6 +18,7 @@
 
 namespace tolvar {
 
+class AccessibilitySettings;
 class CategoryStore;
 class FocusManager;
 class IconThemeSettings;
@@ -68,7 +69,11 @@ private:
     PopoverWindow& popover();
     QRect anchor(const std::optional<QPoint>& claimed) const;
 
+    void followMotion();
+
     const Environment m_environment;
+    std::unique_ptr<AccessibilitySettings> m_accessibility;
+    Subscription m_accessibilitySubscription;
     std::unique_ptr<IconThemeSettings> m_iconTheme;
     std::unique_ptr<PointerPresses> m_presses;
     ApplicationIcons m_icons;
