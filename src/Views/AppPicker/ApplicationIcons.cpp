@@ -47,7 +47,7 @@ void useTheme(const QString& wanted) {
 QIcon themedIcon(const QString& name) {
     if (QDir::isAbsolutePath(name))
         return QFileInfo(name).isFile() ? QIcon(name) : QIcon();
-    if (const QIcon icon = QIcon::fromTheme(name); !icon.isNull())
+    if (QIcon icon = QIcon::fromTheme(name); !icon.isNull())
         return icon;
     for (const auto ending : endings)
         if (name.endsWith(ending))

@@ -31,7 +31,7 @@ public:
     }
     /// Texts are filled up to whole words.
     QByteArray takePadded(qsizetype length) {
-        const QByteArray taken = take(length);
+        QByteArray taken = take(length);
         take((4 - length % 4) % 4);
         return taken;
     }
