@@ -43,8 +43,9 @@ struct DialStyle {
     /// Of the arc while the session is paused: at rest, and when it has breathed in.
     double dim = 0.25;
     double breathing = 0.5;
-    /// The steps that the arc is seen to move in, in device pixels.
+    /// The steps that the arc is seen to move in, in device pixels, and to breathe in.
     double step = 0.25;
+    double dimStep = 1.0 / 128;
     /// Within the ring nothing changes but the texts; the side of that square.
     double hole = 116;
 };
@@ -163,7 +164,10 @@ void TimerDial::arcMoved() {
         update(arcChange(m_arc.progress, shown).toAlignedRect());
 }
 
+/// Slow as a breath is, most frames would show no difference.
 void TimerDial::arcDimmed() {
+    if (arcOpacity() == m_arc.opacity)
+        return;
     QRectF hole(0, 0, dialStyle.hole, dialStyle.hole);
     hole.moveCenter(QRectF(rect()).center());
     update(QRegion(rect()) - QRegion(hole.toRect()));
@@ -171,7 +175,8 @@ void TimerDial::arcDimmed() {
 
 double TimerDial::arcOpacity() const {
     const double paused = std::lerp(dialStyle.dim, dialStyle.breathing, m_breath.value());
-    return std::clamp(std::lerp(1.0, paused, m_pause.value()), 0.0, 1.0);
+    const double opacity = std::clamp(std::lerp(1.0, paused, m_pause.value()), 0.0, 1.0);
+    return std::round(opacity / dialStyle.dimStep) * dialStyle.dimStep;
 }
 
 void TimerDial::drawLayers() {
@@ -180,13 +185,14 @@ void TimerDial::drawLayers() {
         m_plate = dialPlate(scale);
     if (const double shown = shownProgress(); shown != m_arc.progress || scale != m_arc.scale)
         m_arc = {dialArc(shown, scale), shown, scale};
+    m_arc.opacity = arcOpacity();
 }
 
 void TimerDial::paintEvent(QPaintEvent* event) {
     drawLayers();
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_plate);
-    painter.setOpacity(arcOpacity());
+    painter.setOpacity(m_arc.opacity);
     painter.drawPixmap(0, 0, m_arc.picture);
     painter.setOpacity(1);
     m_clock.paint(painter, clockCenter(),

@@ -33,11 +33,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    /// A picture with what it was drawn for.
+    /// A picture with what it was drawn for, and how it was last seen.
     struct Drawn {
         QPixmap picture;
         double progress = -1;
         double scale = 0;
+        double opacity = 1;
     };
 
     void moveClock(int secondsBefore);

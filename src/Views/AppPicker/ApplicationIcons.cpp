@@ -9,6 +9,7 @@
 #include <QPixmap>
 
 #include <algorithm>
+#include <utility>
 
 namespace tolvar {
 
@@ -47,7 +48,7 @@ void useTheme(const QString& wanted) {
 QIcon themedIcon(const QString& name) {
     if (QDir::isAbsolutePath(name))
         return QFileInfo(name).isFile() ? QIcon(name) : QIcon();
-    if (const QIcon icon = QIcon::fromTheme(name); !icon.isNull())
+    if (QIcon icon = QIcon::fromTheme(name); !icon.isNull())
         return icon;
     for (const auto ending : endings)
         if (name.endsWith(ending))
@@ -72,9 +73,7 @@ bool hasPicture(const QIcon& icon) {
 } // namespace
 
 ApplicationIcons::ApplicationIcons(const Environment& environment)
-    : m_environment(environment) {
-    adoptTheme();
-}
+    : m_environment(environment) {}
 
 void ApplicationIcons::adoptTheme() {
     QStringList folders = m_environment.theme.themeFolders();
@@ -92,7 +91,7 @@ void ApplicationIcons::refresh() {
     m_installed.reset();
     m_running.reset();
     m_icons.clear();
-    adoptTheme();
+    m_isThemeKnown = false;
 }
 
 void ApplicationIcons::refresh(std::vector<InstalledApplication> installed) {
@@ -125,6 +124,8 @@ QIcon ApplicationIcons::find(const QString& named) {
 }
 
 QIcon ApplicationIcons::load(const QString& name) {
+    if (!std::exchange(m_isThemeKnown, true))
+        adoptTheme();
     for (const InstalledApplication& application : installed())
         if (application.displayName == name && !application.iconName.isEmpty())
             if (QIcon icon = themedIcon(application.iconName); hasPicture(icon))

@@ -15,7 +15,8 @@ class IconThemeSettings;
 class Workspace;
 struct RunningApplication;
 
-/// The applications' icons by display name. What was once found is kept until `refresh`.
+/// The applications' icons by display name. What was once found is kept until `refresh`. With the
+/// first look for an icon the icon theme of the whole program becomes the desktop's.
 class ApplicationIcons {
 public:
     /// All outlive the icons.
@@ -25,7 +26,6 @@ public:
         const IconThemeSettings& theme;
     };
 
-    /// The icon theme of the whole program is the desktop's from now on.
     explicit ApplicationIcons(const Environment& environment);
 
     /// The icon of the installed application of that name, else that of a running one; null when
@@ -49,6 +49,7 @@ private:
     std::optional<std::vector<InstalledApplication>> m_installed;
     std::optional<std::vector<RunningApplication>> m_running;
     QHash<QString, QIcon> m_icons;
+    bool m_isThemeKnown = false;
 };
 
 } // namespace tolvar

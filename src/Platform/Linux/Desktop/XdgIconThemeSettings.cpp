@@ -58,7 +58,7 @@ XdgIconThemeSettings XdgIconThemeSettings::ofThisDesktop() {
 QString XdgIconThemeSettings::themeName() const {
     for (const QString& folder : m_configFolders)
         for (const Place& place : places)
-            if (const QString name = valueIn(folder + u'/' + place.file, place); !name.isEmpty())
+            if (QString name = valueIn(folder + u'/' + place.file, place); !name.isEmpty())
                 return name;
     return {};
 }
