@@ -28,7 +28,11 @@ std::vector<StatusMenuEntry> statusMenu(const std::optional<FocusSession>& sessi
         {.command = StatusCommand::open, .text = u"Open Tolvar"_s},
         pauseEntry(isRunning ? &*session : nullptr),
         {.command = StatusCommand::stop, .text = u"Stop"_s, .isEnabled = isRunning},
-        {.command = StatusCommand::settings, .text = u"Settings…"_s, .group = begins},
+        // There is no settings window yet.
+        {.command = StatusCommand::settings,
+         .text = u"Settings…"_s,
+         .isEnabled = false,
+         .group = begins},
         {.command = StatusCommand::checkForUpdates,
          .text = u"Check for Updates…"_s,
          .isEnabled = updateCheck == UpdateCheck::possible},

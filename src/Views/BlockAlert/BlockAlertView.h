@@ -2,6 +2,7 @@
 
 #include "Platform/Interfaces/BlockAlert.h"
 #include "Views/Shared/ControlContext.h"
+#include "Views/Shared/FloatingPanel.h"
 
 #include <QString>
 #include <QWidget>
@@ -24,7 +25,7 @@ public:
 
     /// In points.
     static constexpr int cardWidth = 360;
-    static constexpr double cardRadius = 14;
+    static constexpr double cardRadius = FloatingPanel::cornerRadius;
 
     /// What is said when `name` was blocked.
     static Texts texts(const QString& name, BlockTarget type);

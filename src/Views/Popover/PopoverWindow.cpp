@@ -19,8 +19,8 @@ namespace {
 /// Between the popover and its anchor, and the edges of the screen.
 constexpr int gap = 4;
 
-constexpr PanelTraits traits =
-    PanelTrait::onEveryDesktop | PanelTrait::outOfTaskbar | PanelTrait::aboveOthers;
+constexpr PanelTraits traits = PanelTraits(PanelTrait::onEveryDesktop) | PanelTrait::outOfTaskbar |
+                               PanelTrait::aboveOthers | PanelTrait::ownShadow;
 
 /// The window's own part of the desktop, in device pixels, without the shadow around it.
 QRect placeOf(const QWidget& window) {

@@ -2,6 +2,7 @@
 
 #include "Views/Paint/Paint.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QFocusEvent>
 
@@ -15,6 +16,11 @@ namespace {
 /// Room for the ring's own line.
 constexpr int margin = 2;
 constexpr double plainRadius = 4;
+
+/// How far the ring reaches beyond the rim.
+int reach() {
+    return static_cast<int>(std::ceil(FocusRing::outset)) + margin;
+}
 
 /// Whether the user came there by the keyboard; nothing when the window itself, or a menu of it,
 /// gave back the focus that was there before.
@@ -39,6 +45,19 @@ QRectF rimOf(const QWidget& control) {
 double radiusOf(const QWidget& control) {
     const auto* shaped = dynamic_cast<const HasFocusRim*>(&control);
     return shaped ? shaped->focusRadius() : plainRadius;
+}
+
+/// The part of the window that what it stands in lets be seen of a control and its ring: pages
+/// scroll up and down under what is above and below them.
+QRect windowOnto(const QWidget& control, const QWidget& window) {
+    QRect view = window.rect();
+    for (const QWidget* widget = &control; widget != &window; widget = widget->parentWidget()) {
+        const auto* area = qobject_cast<const QAbstractScrollArea*>(widget->parentWidget());
+        if (area && area->viewport() == widget)
+            view &= QRect(widget->mapTo(&window, QPoint(0, 0)), widget->size())
+                        .adjusted(-reach(), 0, reach(), 0);
+    }
+    return view;
 }
 
 } // namespace
@@ -105,7 +124,7 @@ void FocusRing::place() {
         hide();
         return;
     }
-    const int around = static_cast<int>(std::ceil(outset)) + margin;
+    const int around = reach();
     const QPoint origin = m_control->mapTo(parentWidget(), rim.topLeft());
     setGeometry(QRect(origin, rim.size()).adjusted(-around, -around, around, around));
     if (isVisible())
@@ -118,7 +137,8 @@ void FocusRing::paintEvent(QPaintEvent*) {
     if (!m_control)
         return;
     QPainter painter(this);
-    const int around = static_cast<int>(std::ceil(outset)) + margin;
+    painter.setClipRect(windowOnto(*m_control, *parentWidget()).translated(-pos()));
+    const int around = reach();
     const QRectF rim = QRectF(rect()).adjusted(around, around, -around, -around);
     Paint::focusRing(painter, rim, radiusOf(*m_control), outset);
 }

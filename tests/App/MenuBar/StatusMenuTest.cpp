@@ -27,13 +27,13 @@ FocusSession runningSession() {
 
 TEST(StatusMenu, OffersNothingAboutASessionWhereThereIsNone) {
     EXPECT_THAT(lines(statusMenu({}, 0, UpdateCheck::impossible)),
-                ElementsAre(u"Open Tolvar"_s, u"| (Pause)"_s, u"(Stop)"_s, u"| Settings…"_s,
+                ElementsAre(u"Open Tolvar"_s, u"| (Pause)"_s, u"(Stop)"_s, u"| (Settings…)"_s,
                             u"(Check for Updates…)"_s, u"| Quit"_s));
 }
 
 TEST(StatusMenu, OffersToPauseAndStopARunningSession) {
     EXPECT_THAT(lines(statusMenu(runningSession(), 10, UpdateCheck::possible)),
-                ElementsAre(u"Open Tolvar"_s, u"| Pause"_s, u"Stop"_s, u"| Settings…"_s,
+                ElementsAre(u"Open Tolvar"_s, u"| Pause"_s, u"Stop"_s, u"| (Settings…)"_s,
                             u"Check for Updates…"_s, u"| Quit"_s));
 }
 

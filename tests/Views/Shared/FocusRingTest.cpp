@@ -5,6 +5,9 @@
 #include "Views/Shared/InstrumentSlider.h"
 #include "Views/Shared/KeyButton.h"
 
+#include <QScrollArea>
+#include <QScrollBar>
+
 namespace tolvar::test {
 namespace {
 
@@ -70,6 +73,26 @@ TEST_F(FocusRingTest, MovesWithTheControlAndWithWhatThatStandsIn) {
     EXPECT_EQ(rim(), QRect(key->mapTo(&window, QPoint(0, 0)), key->size()));
     pane.move(40, 60);
     EXPECT_EQ(rim(), QRect(key->mapTo(&window, QPoint(0, 0)), key->size()));
+}
+
+TEST_F(FocusRingTest, IsNotDrawnBeyondThePageThatItsControlScrollsOn) {
+    auto& area = shown(new QScrollArea);
+    area.setFrameShape(QFrame::NoFrame);
+    area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* page = new QWidget;
+    page->resize(200, 400);
+    auto* key = new KeyButton(context(), KeyStyle::standard(), u"Start"_s, page);
+    key->setGeometry(20, 40, 100, 40);
+    area.setWidget(page);
+    area.setGeometry(50, 60, 200, 100);
+    key->setFocus(Qt::TabFocusReason);
+    const QRect above(50, 0, 200, 60);
+    area.verticalScrollBar()->setValue(0);
+    const QImage clear = picture(window).copy(above);
+    area.verticalScrollBar()->setValue(60);
+    ASSERT_TRUE(ring->isVisible());
+    ASSERT_TRUE(ring->geometry().intersects(above));
+    EXPECT_EQ(picture(window).copy(above), clear);
 }
 
 TEST_F(FocusRingTest, FollowsTheKnobOfASlider) {
