@@ -114,16 +114,28 @@ QWidget* tabsPage(const ControlContext& context) {
     presets->select(FocusTab::presets);
     auto* history = new Stage(context);
     history->select(FocusTab::history);
+    return row({presets, history});
+}
+
+/// From the plan to the pause.
+QWidget* tourPage(const ControlContext& context) {
+    auto* plan = new Stage(context);
+    plan->write(u"Write the second chapter"_s);
+    plan->press(u"Social Media"_s);
+    plan->press(u"News"_s);
     auto* session = new Stage(context, SessionMoment{.elapsed = 9 * 60 + 17});
-    return row({presets, history, session});
+    auto* pause = new Stage(
+        context, SessionMoment{.elapsed = 16 * 60 + 41, .pausesTaken = 1, .pausedFor = 23});
+    return row({plan, session, pause});
 }
 
 } // namespace
 
 std::vector<Page> windowPages() {
-    return {{u"window-start"_s, startPage},
-            {u"window-mirrored"_s, mirroredPage},
-            {u"window-tabs"_s, tabsPage}};
+    return {{u"windowStart"_s, startPage},
+            {u"windowTour"_s, tourPage},
+            {u"windowMirrored"_s, mirroredPage},
+            {u"windowTabs"_s, tabsPage}};
 }
 
 } // namespace tolvar::gallery

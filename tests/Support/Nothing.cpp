@@ -1,0 +1,1 @@
+// A target needs a source; this one has only headers to read.
