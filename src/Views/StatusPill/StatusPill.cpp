@@ -49,6 +49,7 @@ StatusPill::StatusPill(Preferences& preferences, AnimationDriver& motion, Ends e
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_TranslucentBackground, ends == Ends::smooth);
+    setWindowTitle(QStringLiteral("Tolvar"));
     setCursor(Qt::PointingHandCursor);
     m_content.length = thickness;
     watchScreens();
@@ -74,7 +75,6 @@ void StatusPill::setContent(const StatusItemContent& content) {
         return;
     m_content = content;
     setAccessibleName(content.accessibleLabel);
-    setWindowTitle(content.accessibleLabel);
     if (toolTip() != content.toolTip)
         setToolTip(content.toolTip);
     if (size() != sizeHint())
