@@ -25,7 +25,7 @@ struct Measures {
 };
 constexpr Measures measures;
 
-/// A font is made anew for every measuring otherwise, once a frame while the item widens.
+/// Of the cell of every digit: whole points, so that all of them are drawn alike.
 double digitWidth(const QFont& font) {
     const QFontMetricsF metrics(font);
     double width = 0;

@@ -1,7 +1,6 @@
 #include "Views/StatusPill/StatusPill.h"
 
 #include "Views/Paint/Paint.h"
-#include "Views/Shared/ReturnKey.h"
 #include "Views/StatusPill/StatusDrawing.h"
 #include "Views/Theme/Instrument.h"
 
@@ -18,8 +17,6 @@ namespace Palette = Instrument::Palette;
 
 /// Points that the pill is longer than the item within.
 constexpr int endsLength = StatusPill::height - StatusPill::thickness;
-/// Of the keyboard's ring from the pill's rim, inwards.
-constexpr double ringInset = 3;
 const Eased hoverChange{0.15, Easing::easeOut()};
 
 std::vector<PillPlacement::Screen> screens() {
@@ -31,11 +28,6 @@ std::vector<PillPlacement::Screen> screens() {
     return found;
 }
 
-bool cameByKeyboard(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::ShortcutFocusReason;
-}
-
 } // namespace
 
 StatusPill::StatusPill(Preferences& preferences, AnimationDriver& motion, Ends ends)
@@ -43,12 +35,19 @@ StatusPill::StatusPill(Preferences& preferences, AnimationDriver& motion, Ends e
     , m_ends(ends)
     , m_placement(PillPlacement::fromText(preferences.text(placeKey)).value_or(PillPlacement()))
     , m_hover(motion, 0, [this] { update(); }) {
-    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    // A dock is on every desktop, in no taskbar, and above what is not of full screen.
-    setAttribute(Qt::WA_X11NetWmWindowTypeDock);
+    // A window manager that has nobody else to give the keyboard to would give it to the pill, and
+    // the next space typed would click it.
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                   Qt::WindowDoesNotAcceptFocus);
+    setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_TranslucentBackground, ends == Ends::smooth);
+    // A dock is on every desktop, in no taskbar, and above what is not of full screen. The kind of
+    // a window that is not made yet is forgotten when it is.
+    create();
+    setAttribute(Qt::WA_X11NetWmWindowTypeDock);
+    setWindowTitle(QStringLiteral("Tolvar"));
     setCursor(Qt::PointingHandCursor);
     m_content.length = thickness;
     watchScreens();
@@ -74,7 +73,6 @@ void StatusPill::setContent(const StatusItemContent& content) {
         return;
     m_content = content;
     setAccessibleName(content.accessibleLabel);
-    setWindowTitle(content.accessibleLabel);
     if (toolTip() != content.toolTip)
         setToolTip(content.toolTip);
     if (size() != sizeHint())
@@ -120,8 +118,6 @@ void StatusPill::paintEvent(QPaintEvent*) {
         painter.fillRect(rim, Palette::rule);
     Paint::bevel(painter, rim, radius, Bevel::card);
     Paint::hover(painter, rim, radius, Bevel::card, m_hover.value());
-    if (m_showsFocus && hasFocus())
-        Paint::focusRing(painter, rim, radius, -ringInset);
     const QRectF item = itemRect();
     painter.translate(item.topLeft());
     StatusDrawing::paint(painter, m_content, item.size(),
@@ -130,7 +126,6 @@ void StatusPill::paintEvent(QPaintEvent*) {
 }
 
 void StatusPill::mousePressEvent(QMouseEvent* event) {
-    m_showsFocus = false;
     if (event->button() == Qt::LeftButton)
         m_drag = Drag{event->globalPosition().toPoint(), pos()};
     QPushButton::mousePressEvent(event);
@@ -158,19 +153,6 @@ void StatusPill::mouseReleaseEvent(QMouseEvent* event) {
 
 void StatusPill::contextMenuEvent(QContextMenuEvent*) {
     Q_EMIT menuWanted();
-}
-
-void StatusPill::keyPressEvent(QKeyEvent* event) {
-    withReturnAsSpace(event, [this](QKeyEvent* key) { QPushButton::keyPressEvent(key); });
-}
-
-void StatusPill::keyReleaseEvent(QKeyEvent* event) {
-    withReturnAsSpace(event, [this](QKeyEvent* key) { QPushButton::keyReleaseEvent(key); });
-}
-
-void StatusPill::focusInEvent(QFocusEvent* event) {
-    m_showsFocus = cameByKeyboard(event->reason());
-    QPushButton::focusInEvent(event);
 }
 
 void StatusPill::enterEvent(QEnterEvent* event) {

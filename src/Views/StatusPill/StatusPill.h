@@ -12,8 +12,8 @@
 namespace tolvar {
 
 /// The status item where there is no panel to take it: a small pill in a corner of the screen,
-/// above other windows and on every desktop. It can be dragged anywhere and stays there; to
-/// assistive technology it is a button.
+/// above other windows and on every desktop. It can be dragged anywhere and stays there. It never
+/// has the keyboard; to assistive technology it is a button that can be pressed.
 class StatusPill final : public QPushButton {
     Q_OBJECT
 
@@ -50,9 +50,6 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
@@ -75,7 +72,6 @@ private:
     StatusItemContent m_content;
     PillPlacement m_placement;
     std::optional<Drag> m_drag;
-    bool m_showsFocus = false;
     AnimatedValue m_hover;
 };
 

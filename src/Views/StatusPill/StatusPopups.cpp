@@ -2,21 +2,38 @@
 
 #include "Views/Shared/DevicePixels.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace tolvar {
 
 namespace {
 
-/// Below the item, or above it in the lower half of the screen.
-QPoint placeBeside(const QRect& item, QSize menu) {
-    const QScreen* screen = QGuiApplication::screenAt(item.center());
+/// Points between an item and its tooltip.
+constexpr int toolTipGap = 4;
+
+/// Below the item, or above it in the lower half of the screen; wholly on the screen where it fits.
+QPoint placeBeside(const QRect& item, QSize size, int gap) {
+    const QScreen* found = QGuiApplication::screenAt(item.center());
+    const QScreen* screen = found ? found : QGuiApplication::primaryScreen();
     if (!screen)
-        screen = QGuiApplication::primaryScreen();
-    const bool isLow = screen && item.center().y() > screen->geometry().center().y();
-    return {item.left(), isLow ? item.top() - menu.height() : item.bottom() + 1};
+        return item.bottomLeft();
+    const QRect area = screen->geometry();
+    const bool isLow = item.center().y() > area.center().y();
+    return {std::max(area.left(), std::min(item.left(), area.right() + 1 - size.width())),
+            isLow ? item.top() - gap - size.height() : item.bottom() + 1 + gap};
+}
+
+/// What QToolTip shows; null while it shows nothing.
+QWidget* toolTipWindow() {
+    const auto widgets = QApplication::topLevelWidgets();
+    const auto found = std::find_if(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+        return widget->inherits("QTipLabel") && widget->isVisible();
+    });
+    return found != widgets.end() ? *found : nullptr;
 }
 
 } // namespace
@@ -35,12 +52,15 @@ void StatusPopups::showMenu(const std::vector<StatusMenuEntry>& entries, const Q
         QObject::connect(action, &QAction::triggered, action,
                          [chosen, command = entry.command] { chosen(command); });
     }
-    m_menu->popup(placeBeside(DevicePixels::toPoints(item), m_menu->sizeHint()));
+    m_menu->popup(placeBeside(DevicePixels::toPoints(item), m_menu->sizeHint(), 0));
 }
 
 void StatusPopups::showToolTip(const QString& text, const QRect& item) {
     const QRect rect = DevicePixels::toPoints(item);
     QToolTip::showText(rect.bottomLeft(), text);
+    // It would stand beside a pointer, and over the panel.
+    if (QWidget* window = toolTipWindow())
+        window->move(placeBeside(rect, window->size(), toolTipGap));
 }
 
 void StatusPopups::hideToolTip() {

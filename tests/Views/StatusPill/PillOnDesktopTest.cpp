@@ -1,6 +1,7 @@
 #include "Views/StatusPill/PillFixture.h"
 
 #include <QContextMenuEvent>
+#include <QProcess>
 
 namespace tolvar::test {
 namespace {
@@ -46,6 +47,18 @@ TEST_F(PillOnDesktopTest, IsAboveOtherWindowsAndTakesNoFocusFromThem) {
     other.raise();
     EXPECT_FALSE(QTest::qWaitFor([&] { return inView() != own; }, 200));
     EXPECT_TRUE(other.isActiveWindow());
+}
+
+/// What window managers keep on every desktop and out of the taskbar.
+TEST_F(PillOnDesktopTest, IsADockThatWantsNoKeyboard) {
+    show(idle());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&pill()));
+    QProcess process;
+    process.start(u"xprop"_s, {u"-id"_s, QString::number(pill().winId())});
+    ASSERT_TRUE(process.waitForFinished());
+    const QString properties = QString::fromUtf8(process.readAll());
+    EXPECT_TRUE(properties.contains(u"_NET_WM_WINDOW_TYPE(ATOM) = _NET_WM_WINDOW_TYPE_DOCK"_s));
+    EXPECT_TRUE(properties.contains(u"Client accepts input or input focus: False"_s));
 }
 
 } // namespace

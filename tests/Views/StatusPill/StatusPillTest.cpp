@@ -41,12 +41,10 @@ TEST_F(StatusPillTest, IsAButtonToAssistiveTechnology) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return told == QStringList(u"clicked"_s); }));
 }
 
-TEST_F(StatusPillTest, IsClickedByPointerAndKeyboard) {
+TEST_F(StatusPillTest, IsClickedByThePointer) {
     show(idle());
     QTest::mouseClick(&pill(), Qt::LeftButton);
-    QTest::keyClick(&pill(), Qt::Key_Return);
-    QTest::keyClick(&pill(), Qt::Key_Space);
-    EXPECT_EQ(told, (QStringList{u"clicked"_s, u"clicked"_s, u"clicked"_s}));
+    EXPECT_EQ(told, QStringList(u"clicked"_s));
 }
 
 TEST_F(StatusPillTest, StaysWhereItIsDraggedTo) {

@@ -3,6 +3,7 @@
 #include "Support/Texts.h"
 #include "Views/StatusPill/DevicePixels.h"
 
+#include <QApplication>
 #include <QTest>
 #include <QToolTip>
 
@@ -45,10 +46,18 @@ TEST(StatusPopups, OpenAMenuBelowAnItemAtTheTopAndAboveOneAtTheBottom) {
     EXPECT_EQ(popups.menu()->geometry().bottom(), 499);
 }
 
-TEST(StatusPopups, ShowAndHideATooltip) {
+TEST(StatusPopups, ShowATooltipBesideTheItemAndHideIt) {
     StatusPopups popups;
     popups.showToolTip(u"Tolvar, 24:59 remaining"_s, {100, 10, 24, 24});
     EXPECT_EQ(QToolTip::text(), u"Tolvar, 24:59 remaining"_s);
+    const auto bottom = [] {
+        for (const QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->inherits("QTipLabel") && widget->isVisible())
+                return widget->geometry().bottom();
+        return -1;
+    };
+    popups.showToolTip(u"Tolvar, 24:58 remaining"_s, {100, 700, 24, 24});
+    EXPECT_EQ(bottom(), 700 - 4 - 1);
     popups.hideToolTip();
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }

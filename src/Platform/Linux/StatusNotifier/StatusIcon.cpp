@@ -41,7 +41,7 @@ QRectF castleBox(int size) {
 }
 
 QImage transparent(int size) {
-    QImage image(size, size, QImage::Format_ARGB32);
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     return image;
 }
@@ -63,7 +63,8 @@ QImage faded(const QImage& image, double opacity) {
     return result;
 }
 
-StatusIconPixmap packed(const QImage& image) {
+StatusIconPixmap packed(const QImage& drawing) {
+    const QImage image = drawing.convertToFormat(QImage::Format_ARGB32);
     StatusIconPixmap pixmap{image.width(), image.height(), {}};
     pixmap.bytes.resize(image.sizeInBytes());
     qToBigEndian<quint32>(image.constBits(), image.sizeInBytes() / 4, pixmap.bytes.data());

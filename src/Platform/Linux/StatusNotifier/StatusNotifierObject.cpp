@@ -34,7 +34,10 @@ QString StatusNotifierObject::iconName() const {
 }
 
 StatusIconPixmaps StatusNotifierObject::iconPixmap() const {
-    return StatusIcon::pixmaps(m_art, step());
+    const auto known = m_pixmaps.find(step());
+    if (known != m_pixmaps.end())
+        return known->second;
+    return m_pixmaps.emplace(step(), StatusIcon::pixmaps(m_art, step())).first->second;
 }
 
 QString StatusNotifierObject::labelGuide() const {

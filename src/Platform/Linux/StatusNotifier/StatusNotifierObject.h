@@ -7,6 +7,7 @@
 #include <QDBusObjectPath>
 #include <QObject>
 
+#include <map>
 #include <optional>
 
 namespace tolvar {
@@ -91,6 +92,8 @@ private:
     Identity m_identity;
     StatusItemArt m_art;
     StatusItemContent m_content;
+    /// By step; drawn when first asked for, for a pulse asks again and again.
+    mutable std::map<int, StatusIconPixmaps> m_pixmaps;
 };
 
 } // namespace tolvar
