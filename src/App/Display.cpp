@@ -1,6 +1,7 @@
 #include "App/Display.h"
 
 #include "App/Adapters.h"
+#include "Platform/Interfaces/PanelWindows.h"
 #include "Views/Shared/InstrumentStyle.h"
 #include "Views/Theme/Instrument.h"
 
@@ -16,8 +17,9 @@ std::unique_ptr<QCoreApplication> Display::makeApplication(int& argc, char** arg
     qputenv("QT_QPA_PLATFORM", "xcb");
     QGuiApplication::setDesktopFileName(QStringLiteral("app.tolvar.Tolvar"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setStyle(new InstrumentStyle);
     auto application = std::make_unique<QApplication>(argc, argv);
+    const std::shared_ptr<PanelWindows> panels = Adapters::panelWindows();
+    QApplication::setStyle(new InstrumentStyle([panels] { return panels->showsTranslucency(); }));
     QApplication::setFont(Instrument::font(12));
     return application;
 }

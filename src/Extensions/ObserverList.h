@@ -34,6 +34,11 @@ public:
                 tell(observer);
     }
 
+    /// Calls each observer, where they are functions themselves.
+    void tell() const {
+        tell([](const Observer& observer) { observer(); });
+    }
+
     /// Calls one of the functions that each observer holds, unless it is empty.
     template<typename Function, typename... Arguments>
     void call(Function Observer::*function, const Arguments&... arguments) const {

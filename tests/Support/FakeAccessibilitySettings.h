@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extensions/ChangeObservers.h"
+#include "Extensions/ObserverList.h"
 #include "Platform/Interfaces/AccessibilitySettings.h"
 
 #include <utility>
@@ -25,7 +25,7 @@ public:
 
 private:
     bool m_reducesMotion;
-    ChangeObservers m_observers;
+    ObserverList<std::function<void()>> m_observers;
 };
 
 } // namespace tolvar::test

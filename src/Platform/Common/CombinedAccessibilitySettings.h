@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extensions/ChangeObservers.h"
+#include "Extensions/ObserverList.h"
 #include "Platform/Interfaces/AccessibilitySettings.h"
 
 #include <memory>
@@ -27,7 +27,7 @@ private:
 
     Sources m_sources;
     bool m_reducesMotion = false;
-    ChangeObservers m_observers;
+    ObserverList<std::function<void()>> m_observers;
     std::vector<Subscription> m_subscriptions;
 };
 

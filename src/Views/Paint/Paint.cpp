@@ -3,6 +3,7 @@
 #include "Views/Theme/Instrument.h"
 #include "Views/Theme/PixelGrid.h"
 
+#include <QBitmap>
 #include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainterPath>
@@ -127,6 +128,17 @@ void outline(QPainter& painter, const QRectF& rect, double radius, const QColor&
     const double inner = std::max(0.0, radius - middle);
     painter.drawRoundedRect(onPixels(painter, rect).adjusted(middle, middle, -middle, -middle),
                             inner, inner);
+}
+
+QRegion roundedRegion(const QRect& rect, double radius) {
+    QBitmap covered(rect.size());
+    covered.clear();
+    QPainter painter(&covered);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(QRectF(QPointF(), QSizeF(rect.size())), radius, radius);
+    painter.end();
+    return QRegion(covered).translated(rect.topLeft());
 }
 
 void fill(QPainter& painter, const QRectF& rect, double radius, const QColor& color) {

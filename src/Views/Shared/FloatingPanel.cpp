@@ -3,7 +3,6 @@
 #include "Views/Paint/Paint.h"
 #include "Views/Theme/Instrument.h"
 
-#include <QBitmap>
 #include <QPainterPath>
 #include <QVBoxLayout>
 
@@ -38,16 +37,6 @@ QPainterPath rounded(const QRectF& rect) {
     QPainterPath path;
     path.addRoundedRect(rect, FloatingPanel::cornerRadius, FloatingPanel::cornerRadius);
     return path;
-}
-
-QBitmap maskOf(const QSize& size) {
-    QBitmap mask(size);
-    mask.clear();
-    QPainter painter(&mask);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::color1);
-    painter.drawPath(rounded(QRect(QPoint(), size)));
-    return mask;
 }
 
 } // namespace
@@ -107,7 +96,7 @@ FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings)
     layout->addWidget(content);
     setFixedSize(sizeHint());
     if (surroundings == Surroundings::none)
-        setMask(maskOf(size()));
+        setMask(Paint::roundedRegion(rect(), cornerRadius));
     m_edge->raise();
 }
 

@@ -9,6 +9,7 @@
 #include <QStyleOptionMenuItem>
 
 #include <cmath>
+#include <utility>
 
 namespace tolvar {
 
@@ -72,8 +73,9 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& item) {
 
 } // namespace
 
-InstrumentStyle::InstrumentStyle()
-    : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
+InstrumentStyle::InstrumentStyle(std::function<bool()> showsTranslucency)
+    : QProxyStyle(QStyleFactory::create(u"Fusion"_s))
+    , m_showsTranslucency(std::move(showsTranslucency)) {}
 
 /// The corners of what is rounded show what is behind it.
 void InstrumentStyle::polish(QWidget* widget) {
@@ -145,13 +147,24 @@ int InstrumentStyle::styleHint(StyleHint hint, const QStyleOption* option, const
     case SH_ToolTipLabel_Opacity:
         return 255;
     case SH_ToolTip_Mask:
+        return option ? mask(*option, tipLook.radius, answer) : 0;
     case SH_Menu_Mask:
-        return 0;
+        return option ? mask(*option, menuLook.radius, answer) : 0;
     case SH_Menu_MouseTracking:
         return 1;
     default:
         return QProxyStyle::styleHint(hint, option, widget, answer);
     }
+}
+
+/// Whether the window is to be cut, and its shape then.
+int InstrumentStyle::mask(const QStyleOption& option, double radius,
+                          QStyleHintReturn* answer) const {
+    auto* shape = qstyleoption_cast<QStyleHintReturnMask*>(answer);
+    if (!shape || m_showsTranslucency())
+        return 0;
+    shape->region = Paint::roundedRegion(option.rect, radius);
+    return 1;
 }
 
 } // namespace tolvar

@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+#include <functional>
+
 namespace tolvar {
 
 /// The style of the whole program, for what Qt makes by itself: context menus and tooltips are
@@ -10,7 +12,9 @@ class InstrumentStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    InstrumentStyle();
+    /// `showsTranslucency` says whether the desktop is seen where a window is not opaque; where it
+    /// is not, the round corners are cut out of the windows.
+    explicit InstrumentStyle(std::function<bool()> showsTranslucency = [] { return true; });
 
     using QProxyStyle::polish;
     void polish(QWidget* widget) override;
@@ -25,6 +29,11 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
                   const QWidget* widget = nullptr,
                   QStyleHintReturn* answer = nullptr) const override;
+
+private:
+    int mask(const QStyleOption& option, double radius, QStyleHintReturn* answer) const;
+
+    std::function<bool()> m_showsTranslucency;
 };
 
 } // namespace tolvar

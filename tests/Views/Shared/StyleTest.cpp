@@ -2,6 +2,8 @@
 #include "Views/Theme/Bevel.h"
 
 #include <QApplication>
+#include <QStyleHintReturnMask>
+#include <QStyleOption>
 #include <QImage>
 #include <QMenu>
 #include <QPainter>
@@ -60,6 +62,21 @@ TEST_F(StyleTest, GivesEachItemRoomForItsText) {
     menu.resize(menu.sizeHint());
     EXPECT_GT(menu.actionGeometry(action).width(), 300);
     EXPECT_LT(menu.actionGeometry(separator).height(), menu.actionGeometry(action).height());
+}
+
+TEST(InstrumentStyle, CutsTheCornersWhereNothingIsSeenThroughWindows) {
+    QStyleOption option;
+    option.rect = {0, 0, 100, 50};
+    for (const auto hint : {QStyle::SH_Menu_Mask, QStyle::SH_ToolTip_Mask}) {
+        QStyleHintReturnMask mask;
+        EXPECT_FALSE(InstrumentStyle().styleHint(hint, &option, nullptr, &mask));
+        const InstrumentStyle opaque([] { return false; });
+        ASSERT_TRUE(opaque.styleHint(hint, &option, nullptr, &mask));
+        EXPECT_FALSE(mask.region.contains(QPoint(0, 0)));
+        EXPECT_FALSE(mask.region.contains(QPoint(99, 49)));
+        EXPECT_TRUE(mask.region.contains(QPoint(50, 0)));
+        EXPECT_TRUE(mask.region.contains(QPoint(50, 49)));
+    }
 }
 
 } // namespace

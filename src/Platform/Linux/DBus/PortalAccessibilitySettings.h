@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extensions/ChangeObservers.h"
+#include "Extensions/ObserverList.h"
 #include "Platform/Interfaces/AccessibilitySettings.h"
 
 #include <QDBusConnection>
@@ -55,7 +55,7 @@ private:
     std::unique_ptr<OrgFreedesktopPortalSettingsInterface> m_portal;
     /// The keys whose values ask for less motion.
     std::set<QString> m_reducing;
-    ChangeObservers m_observers;
+    ObserverList<std::function<void()>> m_observers;
 };
 
 } // namespace tolvar

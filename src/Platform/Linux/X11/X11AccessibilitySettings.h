@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extensions/ChangeObservers.h"
+#include "Extensions/ObserverList.h"
 #include "Platform/Interfaces/AccessibilitySettings.h"
 
 #include <memory>
@@ -28,7 +28,7 @@ private:
     bool isMotionUnwanted() const;
     void update();
 
-    ChangeObservers m_observers;
+    ObserverList<std::function<void()>> m_observers;
     std::unique_ptr<XSettingsWatch> m_settings;
     bool m_reducesMotion = false;
 };
