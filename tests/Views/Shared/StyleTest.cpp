@@ -2,12 +2,11 @@
 #include "Views/Theme/Bevel.h"
 
 #include <QApplication>
-#include <QStyleHintReturnMask>
-#include <QStyleOption>
 #include <QImage>
 #include <QMenu>
 #include <QPainter>
 #include <QStyleFactory>
+#include <QStyleHintReturnMask>
 #include <QStyleOption>
 
 #include <gtest/gtest.h>
