@@ -10,7 +10,8 @@ import time
 import dbus
 import Xlib.display
 import Xlib.error
-from Xlib import X
+from Xlib import XK, X
+from Xlib.ext import xtest
 from Xlib.protocol import event
 
 TOLVAR = os.environ["TOLVAR"]
@@ -97,6 +98,10 @@ class Windows:
     def active(self):
         return (self._property(self._root, "_NET_ACTIVE_WINDOW") or [0])[0]
 
+    def has_keyboard(self, window):
+        focus = self._display.get_input_focus().focus
+        return getattr(focus, "id", focus) == window
+
     def activate(self, window):
         """As a pager does it: a request with source 2 to the root window."""
         message = event.ClientMessage(
@@ -104,6 +109,37 @@ class Windows:
             data=(32, [2, X.CurrentTime, 0, 0, 0]))
         self._root.send_event(message, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self._display.flush()
+
+    def place(self, window):
+        """(x, y, width, height) on the screen."""
+        size = self._resource(window).get_geometry()
+        corner = self._root.translate_coords(self._resource(window), 0, 0)
+        return (corner.x, corner.y, size.width, size.height)
+
+    def title(self, window):
+        name = self._property(self._resource(window), "_NET_WM_NAME")
+        return bytes(name).decode() if name else ""
+
+    def item_in_tray(self):
+        """The window of Tolvar's item in an X11 tray; nothing while it is in none."""
+        for window in self._below(self._root):
+            try:
+                embeds = window.get_full_property(self._display.intern_atom("_XEMBED_INFO"), 0)
+                if embeds and (window.get_wm_class() or ("",))[0] == "tolvar" \
+                        and self.is_in_view(window.id):
+                    return window.id
+            except Xlib.error.XError:
+                continue
+        return None
+
+    def _below(self, window):
+        try:
+            children = window.query_tree().children
+        except Xlib.error.XError:
+            return
+        for child in children:
+            yield child
+            yield from self._below(child)
 
     def bears_mark(self, window):
         """Whether Tolvar's mark of a window that it hid is on it."""
@@ -124,6 +160,32 @@ class Windows:
             return (self._resource(window).get_wm_class() or (None, None))[1]
         except Xlib.error.BadWindow:
             return None
+
+
+class Hands:
+    """A pointer and a keyboard."""
+
+    def __init__(self):
+        self._display = Xlib.display.Display()
+
+    def click(self, x, y):
+        xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
+        xtest.fake_input(self._display, X.ButtonPress, 1)
+        xtest.fake_input(self._display, X.ButtonRelease, 1)
+        self._display.sync()
+
+    def turn_wheel(self, x, y):
+        xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
+        xtest.fake_input(self._display, X.ButtonPress, 5)
+        xtest.fake_input(self._display, X.ButtonRelease, 5)
+        self._display.sync()
+
+    def press(self, *names):
+        for name in names:
+            code = self._display.keysym_to_keycode(XK.string_to_keysym(name))
+            xtest.fake_input(self._display, X.KeyPress, code)
+            xtest.fake_input(self._display, X.KeyRelease, code)
+        self._display.sync()
 
 
 class Notifications:

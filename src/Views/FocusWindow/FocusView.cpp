@@ -119,11 +119,9 @@ void FocusView::follow() {
 }
 
 void FocusView::showSession() {
-    const bool hadKeyboard = isAncestorOf(focusWidget());
     m_activeSession = new ActiveSessionView(m_environment.context, m_environment.focusManager);
     m_scenes->bringOn(m_activeSession);
-    if (hadKeyboard)
-        takeKeyboard(Qt::OtherFocusReason);
+    takeKeyboard(Qt::OtherFocusReason);
 }
 
 void FocusView::showTabs() {

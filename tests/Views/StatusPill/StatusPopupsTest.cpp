@@ -1,7 +1,7 @@
 #include "Views/StatusPill/StatusPopups.h"
 
 #include "Support/Texts.h"
-#include "Views/StatusPill/DevicePixels.h"
+#include "Views/Shared/DevicePixels.h"
 
 #include <QApplication>
 #include <QTest>
