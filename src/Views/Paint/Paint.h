@@ -43,8 +43,8 @@ void ruleBelow(QPainter& painter, const QRectF& rect, const QColor& color);
 /// A line inside the edge of a rounded rectangle, one device-pixel crisp.
 void outline(QPainter& painter, const QRectF& rect, double radius, const QColor& color,
              double width = 1);
-/// The points that a rounded rectangle covers at least half: the shape of a window that nothing can be
-/// seen through.
+/// The points that a rounded rectangle covers at least half: the shape of a window that nothing can
+/// be seen through.
 QRegion roundedRegion(const QRect& rect, double radius);
 /// A rounded rectangle of one colour.
 void fill(QPainter& painter, const QRectF& rect, double radius, const QColor& color);
