@@ -119,14 +119,19 @@ void FocusView::follow() {
 }
 
 void FocusView::showSession() {
+    if (m_appPicker)
+        m_appPicker->sink();
     m_activeSession = new ActiveSessionView(m_environment.context, m_environment.focusManager);
     m_scenes->bringOn(m_activeSession);
     takeKeyboard(Qt::OtherFocusReason);
 }
 
+/// The key that stopped the session is still being told of its release.
 void FocusView::showTabs() {
     m_scenes->bringOn(m_tabs);
-    delete m_activeSession;
+    if (m_activeSession)
+        m_activeSession->deleteLater();
+    m_activeSession.clear();
     takeKeyboard(Qt::OtherFocusReason);
 }
 

@@ -166,7 +166,42 @@ TEST_F(FocusViewTest, ReturnsToTheTabThatWasSelected) {
     manager.startSession(session);
     manager.stopSession();
     EXPECT_EQ(view.selectedTab(), FocusTab::presets);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(view.findChild<ActiveSessionView*>());
+}
+
+TEST_F(FocusViewTest, ShowsASessionThatBeginsWhereOneHasJustEnded) {
+    FocusSession session;
+    session.goal = u"Write"_s;
+    session.duration = 60;
+    manager.startSession(session);
+    manager.stopSession();
+    session.id = QUuid::createUuid();
+    manager.startSession(session);
+    settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(find<ActiveSessionView>().isVisible());
+    EXPECT_FALSE(find<StartSessionView>().isVisible());
+}
+
+TEST_F(FocusViewTest, PutsThePickerAwayWhenASessionBegins) {
+    key(u"Block specific apps"_s).click();
+    FocusSession session;
+    session.duration = 60;
+    manager.startSession(session);
+    EXPECT_FALSE(find<AppPickerSheet>().isUp());
+}
+
+TEST_F(FocusViewTest, SurvivesTheReleaseOfTheKeyThatStoppedTheSession) {
+    goal().setText(u"Write"_s);
+    key(u"Start focus session"_s).click();
+    settle();
+    for (KeyButton* stop : find<ActiveSessionView>().findChildren<KeyButton*>())
+        if (stop->name() == u"Stop")
+            QTest::mouseClick(stop, Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(manager.activeSession());
+    EXPECT_TRUE(find<StartSessionView>().isVisible());
 }
 
 TEST_F(FocusViewTest, TakesAStoredSessionThatIsNotActiveForNone) {
