@@ -8,7 +8,7 @@
 namespace tolvar {
 
 BlockAlertPanel::BlockAlertPanel(BlockAlertView* view, Surroundings surroundings)
-    : FloatingPanel(view, surroundings) {
+    : FloatingPanel(view, surroundings, Corners::round) {
     setWindowTitle(view->accessibleName());
     view->setFocus(Qt::OtherFocusReason);
 }

@@ -50,7 +50,9 @@ BlockAlertPresenter::BlockAlertPresenter(const Environment& environment)
             Qt::QueuedConnection);
 }
 
-BlockAlertPresenter::~BlockAlertPresenter() = default;
+BlockAlertPresenter::~BlockAlertPresenter() {
+    delete m_panel.release();
+}
 
 void BlockAlertPresenter::follow(QScreen* screen) {
     connect(screen, &QScreen::geometryChanged, this, &BlockAlertPresenter::recenter,

@@ -40,8 +40,10 @@ bool isOurs(const QPoint& position) {
 } // namespace
 
 PopoverWindow::PopoverWindow(const Environment& environment, QWidget* content)
-    : FloatingPanel(content, environment.panels.showsTranslucency() ? Surroundings::shadow
-                                                                    : Surroundings::none)
+    : FloatingPanel(content,
+                    environment.panels.showsTranslucency() ? Surroundings::shadow
+                                                           : Surroundings::none,
+                    Corners::square)
     , m_environment(environment) {
     setWindowTitle(u"Tolvar"_s);
 }

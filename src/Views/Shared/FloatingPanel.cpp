@@ -84,10 +84,9 @@ private:
 };
 
 /// Not a Qt::Tool: window managers hide those while another application is in front.
-FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings)
+FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings, Corners corners)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-    , m_surroundings(surroundings)
-    , m_edge(new Edge(this)) {
+    , m_surroundings(surroundings) {
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_TranslucentBackground, surroundings == Surroundings::shadow);
     auto* layout = new QVBoxLayout(this);
@@ -97,6 +96,10 @@ FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings)
     setFixedSize(sizeHint());
     if (surroundings == Surroundings::none)
         setMask(Paint::roundedRegion(rect(), cornerRadius));
+    if (corners == Corners::round)
+        return;
+    m_edge = new Edge(this);
+    m_edge->setGeometry(card());
     m_edge->raise();
 }
 
@@ -105,7 +108,8 @@ QRect FloatingPanel::card() const {
 }
 
 void FloatingPanel::resizeEvent(QResizeEvent*) {
-    m_edge->setGeometry(card());
+    if (m_edge)
+        m_edge->setGeometry(card());
 }
 
 void FloatingPanel::paintEvent(QPaintEvent*) {

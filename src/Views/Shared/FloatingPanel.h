@@ -14,10 +14,14 @@ public:
     /// where nothing can be seen through windows; the corners are then cut out of the window.
     enum class Surroundings { shadow, none };
 
+    /// Whether the content's own card has round corners, or they are to be cut off, which works
+    /// only in a window of its own.
+    enum class Corners { round, square };
+
     static constexpr double cornerRadius = 14;
 
-    /// Owns the content, whose corners it rounds.
-    FloatingPanel(QWidget* content, Surroundings surroundings);
+    /// Owns the content.
+    FloatingPanel(QWidget* content, Surroundings surroundings, Corners corners);
 
     /// Where the card stands within the window.
     QRect card() const;
@@ -30,7 +34,8 @@ private:
     class Edge;
 
     const Surroundings m_surroundings;
-    Edge* m_edge;
+    /// Over the content's rim; null where the content draws it.
+    Edge* m_edge = nullptr;
 };
 
 } // namespace tolvar

@@ -19,6 +19,10 @@ protected:
     void present(const QString& name, BlockTarget type = BlockTarget::app) {
         presenter.presentBlocked(name, type);
     }
+    ~BlockAlertPresenterTest() override {
+        // What was sent away goes before what it moves with.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
     BlockAlertView& view() { return *presenter.panel()->findChild<BlockAlertView*>(); }
     static int shownPanels() {
         const auto widgets = QApplication::topLevelWidgets();
