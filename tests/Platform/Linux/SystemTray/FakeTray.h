@@ -49,8 +49,8 @@ public:
     void hideIcons() { m_showsIcons = false; }
     /// Throws the icon out, onto the root window.
     void release();
-    void move(QPoint corner);
-    void setThickness(int thickness);
+    void move(QPoint to);
+    void setThickness(int points);
     /// Sends a press and a release of the button to the middle of the icon.
     void click(std::uint8_t button);
     enum class Crossing { enters, leaves };
