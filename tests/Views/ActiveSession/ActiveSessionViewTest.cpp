@@ -20,11 +20,8 @@ namespace tolvar::test {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::AllOf;
 using testing::Contains;
-using testing::Each;
 using testing::ElementsAre;
-using testing::Gt;
 using testing::Not;
 
 class ActiveSessionViewTest : public FocusManagerFixture {

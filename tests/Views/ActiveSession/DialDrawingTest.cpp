@@ -112,8 +112,8 @@ TEST(DialPlate, IsAWellWithATrackAndAHairline) {
         EXPECT_EQ(at(plate, 60, 0.25).alpha(), 0) << "nothing within";
     }
     const QColor hairline = at(dialPlate(4).toImage(), 86.75, 0.25);
-    EXPECT_NEAR(hairline.red(), (25 + 36) / 2, 2);
-    EXPECT_NEAR(hairline.blue(), (30 + 55) / 2, 2);
+    EXPECT_NEAR(hairline.red(), (25 + 36) / 2.0, 2);
+    EXPECT_NEAR(hairline.blue(), (30 + 55) / 2.0, 2);
 }
 
 TEST(DialPlate, HasRoomAroundIt) {

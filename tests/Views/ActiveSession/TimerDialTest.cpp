@@ -45,7 +45,7 @@ protected:
     /// The light of the arc at three o'clock.
     int brightness() {
         return picture(dial)
-            .pixelColor(static_cast<int>(dial.width() / 2 + DialMeasures::radius),
+            .pixelColor(static_cast<int>(dial.width() / 2.0 + DialMeasures::radius),
                         dial.height() / 2 - 30)
             .red();
     }
