@@ -13,8 +13,8 @@ public:
     /// The icon theme that the user chose for the whole desktop; empty when that is not known.
     /// Asked afresh at each call.
     virtual QString themeName() const = 0;
-    /// Folders that hold icon themes, those whose icons come first at the front (Icon Theme
-    /// Specification); they need not exist.
+    /// Folders that hold icon themes, those whose icons come first at the front (in the order that
+    /// freedesktop icon themes are looked for); they need not exist.
     virtual QStringList themeFolders() const = 0;
 };
 

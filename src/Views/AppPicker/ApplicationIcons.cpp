@@ -17,9 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Where icons lie that are of no theme (Icon Theme Specification, "Directory Layout").
+/// Where icons lie that are of no theme, as freedesktop icon themes have it.
 constexpr QLatin1StringView unthemedFolder = "/usr/share/pixmaps"_L1;
-/// Icons that programs name with their file's ending, against the Desktop Entry Specification.
+/// Icons that programs name with their file's ending, which desktop entries should not.
 constexpr QLatin1StringView endings[] = {".png"_L1, ".svg"_L1, ".xpm"_L1};
 
 constexpr QLatin1StringView everybodysTheme = "hicolor"_L1;
