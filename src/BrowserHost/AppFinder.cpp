@@ -29,8 +29,7 @@ constexpr std::uint32_t losses = IN_DELETE_SELF | IN_MOVE_SELF;
 sockaddr_un addressOf(const std::string& path) {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, path.data(),
-                std::min(path.size(), sizeof address.sun_path - 1));
+    std::memcpy(address.sun_path, path.data(), std::min(path.size(), sizeof address.sun_path - 1));
     return address;
 }
 

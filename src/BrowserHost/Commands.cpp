@@ -16,9 +16,8 @@ constexpr int mostTabs = 1000;
 bool isNumber(std::string_view text) {
     const bool isSized = !text.empty() && text.size() <= longestNumber;
     const bool isPlain = text == "0" || !text.starts_with('0');
-    return isSized && isPlain && std::ranges::all_of(text, [](char digit) {
-               return digit >= '0' && digit <= '9';
-           });
+    return isSized && isPlain &&
+           std::ranges::all_of(text, [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
 bool isListOfNumbers(std::string_view text) {

@@ -40,7 +40,6 @@ Host::Outcome Host::run() {
 
 void Host::greet() {
     m_toApp.send(R"({"browser":")" + m_browser + R"("})");
-    speakToApp();
 }
 
 /// Milliseconds for poll(2): for ever, unless the finder wants to try again.
@@ -48,7 +47,8 @@ int Host::waitingTime() const {
     using std::chrono::milliseconds;
     if (m_app || !m_finder.retryTime())
         return -1;
-    const auto rest = std::chrono::ceil<milliseconds>(*m_finder.retryTime() - AppFinder::Clock::now());
+    const auto rest =
+        std::chrono::ceil<milliseconds>(*m_finder.retryTime() - AppFinder::Clock::now());
     return static_cast<int>(std::max(rest, milliseconds(0)).count());
 }
 
@@ -66,7 +66,7 @@ Host::Step Host::wait() {
         return Step::goOn;
     if (watched[0].revents != 0 && hearBrowser() == Step::end)
         return Step::end;
-    if (watched[1].revents != 0 && speakToBrowser() == Step::end)
+    if (watched[1].revents != 0 && speakToBrowser(watched[1].revents) == Step::end)
         return Step::end;
     if (m_app && watched[2].revents != 0)
         hearApp(watched[2].revents);
@@ -86,8 +86,8 @@ Host::Step Host::hearBrowser() {
     return Step::goOn;
 }
 
-Host::Step Host::speakToBrowser() {
-    if (!m_toBrowser.flush(m_output))
+Host::Step Host::speakToBrowser(int events) {
+    if ((events & endOfStream) != 0 || !m_toBrowser.flush(m_output))
         return end(Outcome::browserLeft);
     relayCommands();
     return Step::goOn;

@@ -8,8 +8,8 @@
 
 namespace tolvar {
 
-/// Carries frames between a browser's extension, by a pair of pipes, and the running program, by its
-/// socket.
+/// Carries frames between a browser's extension, by a pair of pipes, and the running program, by
+/// its socket.
 ///
 /// To the program goes the browser's name and then what the extension says; of pictures that the
 /// program is too slow for, only the newest. To the extension go the two permitted commands and
@@ -32,7 +32,7 @@ private:
     int waitingTime() const;
     Step wait();
     Step hearBrowser();
-    Step speakToBrowser();
+    Step speakToBrowser(int events);
     void hearApp(int events);
     void relayCommands();
     void speakToApp();

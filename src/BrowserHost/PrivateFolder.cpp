@@ -59,9 +59,9 @@ bool isClosed(const Descriptor& folder) {
 
 std::optional<struct stat> privateSocket(const Descriptor& folder, const char* name) {
     struct stat facts = {};
-    const bool isPrivate =
-        ::fstatat(folder.number(), name, &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
-        S_ISSOCK(facts.st_mode) && facts.st_uid == ::geteuid() && (facts.st_mode & others) == 0;
+    const bool isPrivate = ::fstatat(folder.number(), name, &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
+                           S_ISSOCK(facts.st_mode) && facts.st_uid == ::geteuid() &&
+                           (facts.st_mode & others) == 0;
     return isPrivate ? std::optional(facts) : std::nullopt;
 }
 

@@ -16,7 +16,8 @@
 int main(int count, char** words) {
     using namespace tolvar;
     if (!Caller::isOurExtension(std::vector<std::string_view>(words + 1, words + count))) {
-        std::fputs("tolvar-browser-host: to be started by a browser for Tolvar's extension\n", stderr);
+        std::fputs("tolvar-browser-host: to be started by a browser for Tolvar's extension\n",
+                   stderr);
         return 2;
     }
     // A pipe that nobody reads is an error of writing, not the end.
@@ -24,14 +25,14 @@ int main(int count, char** words) {
     Host host(Caller::browserName(::getppid()), AppFinder(PrivateFolder::path()), STDIN_FILENO,
               STDOUT_FILENO);
     switch (host.run()) {
-        case Host::Outcome::browserLeft:
-            return 0;
-        case Host::Outcome::wrongFrame:
-            std::fputs("tolvar-browser-host: a frame that is too long\n", stderr);
-            return 1;
-        case Host::Outcome::nowhereToWait:
-            std::fputs("tolvar-browser-host: no private folder to meet Tolvar in\n", stderr);
-            return 1;
+    case Host::Outcome::browserLeft:
+        return 0;
+    case Host::Outcome::wrongFrame:
+        std::fputs("tolvar-browser-host: a frame that is too long\n", stderr);
+        return 1;
+    case Host::Outcome::nowhereToWait:
+        std::fputs("tolvar-browser-host: no private folder to meet Tolvar in\n", stderr);
+        return 1;
     }
     return 1;
 }
