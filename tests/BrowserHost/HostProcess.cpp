@@ -14,6 +14,7 @@
 #include <cstring>
 #include <fstream>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace tolvar::test {
@@ -100,8 +101,12 @@ std::optional<std::string> HostProcess::heard() {
     }
 }
 
-bool HostProcess::hasSpoken() const {
-    return isReadable(m_output.number(), 0);
+std::optional<std::string> HostProcess::heardByNow() {
+    if (auto frame = m_reader.take())
+        return frame;
+    if (isReadable(m_output.number(), 0))
+        readOnce(m_output.number(), m_reader);
+    return m_reader.take();
 }
 
 void HostProcess::hangUp() {
@@ -127,10 +132,6 @@ std::string HostProcess::fact(const char* file, const char* name) const {
         if (word == name && facts >> word)
             return word;
     return "0";
-}
-
-int HostProcess::privateMemory() const {
-    return std::stoi(fact("smaps_rollup", "Private_Dirty:"));
 }
 
 int HostProcess::wakeUps() const {

@@ -31,8 +31,8 @@ public:
     /// The next frame that the extension is sent; nothing when none comes within some seconds or
     /// the host closes its output.
     std::optional<std::string> heard();
-    /// Whether the extension was sent anything, now.
-    bool hasSpoken() const;
+    /// The next frame that has been sent by now.
+    std::optional<std::string> heardByNow();
     /// Ends the connection as a browser does.
     void hangUp();
     void stopReading() { m_output.reset(); }
@@ -42,8 +42,6 @@ public:
     int status();
 
     pid_t process() const { return m_process; }
-    /// Its memory, without what it shares, in KiB.
-    int privateMemory() const;
     /// How often it was woken up.
     int wakeUps() const;
     /// Waits until it sleeps, with nothing more to do.
