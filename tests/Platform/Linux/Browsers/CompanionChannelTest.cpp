@@ -206,8 +206,10 @@ TEST_F(Companions, MaySayAnythingWithoutHarmToTheOthers) {
 
 TEST_F(Companions, WaitOutsideWhileThereAreTooMany) {
     std::list<PlayedCompanion> companions;
-    for (std::size_t count = 0; count < CompanionChannel::mostConnections; ++count)
+    for (std::size_t count = 0; count < CompanionChannel::mostConnections; ++count) {
         companions.emplace_back(folder, "chromium");
+        settle();
+    }
     ASSERT_TRUE(eventually(
         [&] { return channel.runningBrowsers().size() == CompanionChannel::mostConnections; }));
     PlayedCompanion late(folder, "firefox");
