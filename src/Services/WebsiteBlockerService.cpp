@@ -3,7 +3,9 @@
 #include "Extensions/HostNames.h"
 
 #include <QScopedValueRollback>
+#include <QStringView>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -12,6 +14,13 @@ namespace tolvar {
 namespace {
 
 constexpr std::chrono::seconds pollInterval(2);
+
+/// Whether a host is the domain or one of its subdomains. Its cost does not grow with the host,
+/// which can be as long as a page likes.
+bool isWithin(QStringView host, QStringView domain) {
+    return host.endsWith(domain) &&
+           (host.size() == domain.size() || host.chopped(domain.size()).endsWith(u'.'));
+}
 
 } // namespace
 
@@ -86,12 +95,10 @@ std::optional<QString> WebsiteBlockerService::blockTabs(const QString& browser) 
 }
 
 std::optional<QString> WebsiteBlockerService::blockedHost(const ActiveTab& tab) const {
-    QString host = hostOf(tab.url);
-    while (!host.isEmpty() && !m_blockedWebsites.contains(host)) {
-        const auto dot = host.indexOf(u'.');
-        host = dot < 0 ? QString() : host.sliced(dot + 1);
-    }
-    return host.isEmpty() ? std::nullopt : std::optional(host);
+    const auto host = hostOf(tab.url);
+    const auto found = std::find_if(m_blockedWebsites.begin(), m_blockedWebsites.end(),
+                                    [&](const auto& domain) { return isWithin(host, domain); });
+    return found == m_blockedWebsites.end() ? std::nullopt : std::optional(*found);
 }
 
 } // namespace tolvar

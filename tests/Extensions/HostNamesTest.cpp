@@ -93,6 +93,22 @@ TEST(NormalizedHost, SpellsIpv6AddressesOneWay) {
     EXPECT_EQ(normalizedHost(u"https://[::1]/"_s), hostOf(u"http://[0:0:0:0:0:0:0:1]:80"_s));
 }
 
+TEST(NormalizedHost, TakesAnAddressInBracketsWithoutScheme) {
+    EXPECT_EQ(normalizedHost(u"[::5]"_s), u"::5"_s);
+    EXPECT_EQ(normalizedHost(u"[::5]:8080/x"_s), u"::5"_s);
+    EXPECT_EQ(normalizedHost(u"[::5::6]"_s), u"[::5::6]"_s);
+}
+
+TEST(NormalizedHost, TakesASchemeAloneForAHost) {
+    EXPECT_EQ(normalizedHost(u"http://"_s), u"http"_s);
+    EXPECT_EQ(normalizedHost(u"www.://"_s), u""_s);
+}
+
+TEST(NormalizedHost, DropsUserPasswordAndAPortThatNobodyCanHave) {
+    EXPECT_EQ(normalizedHost(u"user:pw@host:99999"_s), u"host"_s);
+    EXPECT_EQ(normalizedHost(u"https://user:pw@host:99999/"_s), u"host"_s);
+}
+
 TEST(NormalizedHost, KeepsIpv4Addresses) {
     EXPECT_EQ(normalizedHost(u"http://192.168.1.1:8080/admin"_s), u"192.168.1.1"_s);
 }
@@ -153,9 +169,31 @@ TEST(HostOf, SpellsAHostAsNormalizedHostDoes) {
     }
 }
 
+TEST(HostOf, IsNothingForABrokenAddress) {
+    EXPECT_EQ(hostOf(u"http://[::5::6]/"_s), u""_s);
+    EXPECT_EQ(hostOf(u"http://[::5]x/"_s), u""_s);
+    EXPECT_EQ(hostOf(u"http://[]/"_s), u""_s);
+    EXPECT_EQ(hostOf(u"http://:80/"_s), u""_s);
+}
+
+TEST(HostOf, IsNothingForAnAddressWithinAnAddress) {
+    EXPECT_EQ(hostOf(u"view-source:https://example.com/"_s), u""_s);
+    EXPECT_EQ(hostOf(u"blob:https://example.com/1"_s), u""_s);
+}
+
 TEST(HostOf, IsFoundInALongUrl) {
     const QString much(1'000'000, u'a');
     EXPECT_EQ(hostOf(u"https://"_s + much + u"@example.com/"_s + much), u"example.com"_s);
+}
+
+TEST(HostOf, IsFoundInLongTextsThatTryEveryTurn) {
+    constexpr int count = 300'000;
+    EXPECT_EQ(hostOf(u"http://"_s + QString(count, u'@')), u""_s);
+    EXPECT_EQ(hostOf(u"http://"_s + u"@["_s.repeated(count)), u""_s);
+    EXPECT_EQ(hostOf(u"http://a:"_s + QString(count, u'1') + u"x"_s), u""_s);
+    EXPECT_EQ(hostOf(u"http://"_s + u"\u00fc."_s.repeated(count) + u"de/"_s),
+              u"xn--tda."_s.repeated(count) + u"de"_s);
+    EXPECT_EQ(hostOf(u"http://"_s + QString(count, u'\u00fc')), QString(count, u'\u00fc'));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 """What scripts/check must notice: violations planted in a copy of the tree are found."""
 
+import json
 import shutil
 import subprocess
 import tempfile
@@ -110,6 +111,144 @@ class Check(unittest.TestCase):
 
     def test_notices_a_broken_python_script(self):
         self.assert_notices("scripts", "scripts/planted", "#!/usr/bin/python3\nif:\n")
+
+
+class Lint(unittest.TestCase):
+    """scripts/lint in a small tree of its own."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.copy = Path(folder.name)
+        for part in ("scripts", "tools/Lint"):
+            shutil.copytree(ROOT / part, cls.copy / part)
+        shutil.copy(ROOT / ".clang-tidy", cls.copy)
+        # Made once for all tests: the plugin takes some seconds to build.
+        (cls.copy / "build").mkdir()
+
+    def setUp(self):
+        for name in ("src", "tests", "system"):
+            shutil.rmtree(self.copy / name, ignore_errors=True)
+            (self.copy / name).mkdir()
+
+    def plant(self, path, text):
+        (self.copy / path).write_text(text)
+
+    def lint(self, path, *options, flags=""):
+        command = (f"c++ -std=c++20 -I{self.copy}/src -isystem {self.copy}/system {flags}"
+                   f" -o out.o -c {self.copy / path}")
+        (self.copy / "build" / "compile_commands.json").write_text(json.dumps(
+            [{"directory": str(self.copy), "file": str(self.copy / path), "command": command}]))
+        return subprocess.run([self.copy / "scripts" / "lint", self.copy / "build", *options,
+                               self.copy / path], text=True, capture_output=True, check=False)
+
+    def assert_found(self, path, place, check, *options):
+        result = self.lint(path, *options)
+        self.assertEqual(result.returncode, 1, result.stdout + result.stderr)
+        self.assertRegex(result.stdout, rf"{self.copy}/{place}:\d+: error: .*\[{check}\b")
+
+    def assert_clean(self, path, *options, **how):
+        result = self.lint(path, *options, **how)
+        self.assertEqual((result.returncode, result.stdout + result.stderr), (0, ""))
+
+    def test_nothing_is_found_where_nothing_is_wrong(self):
+        self.plant("src/Planted.cpp", "#include <vector>\nstd::vector<int> numbers;\n")
+        self.assert_clean("src/Planted.cpp")
+
+    def test_finds_it_in_a_source(self):
+        self.plant("src/Planted.cpp", "typedef int Number;\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:1", "modernize-use-using")
+
+    def test_finds_it_in_namespaces_functions_and_lambdas(self):
+        self.plant("src/Planted.cpp", "#include <functional>\nnamespace a { namespace {\n"
+                   "std::function<int()> f() {\nreturn [] { double d = 1; return *(int*)&d; };\n}\n"
+                   "} std::function<int()> g() { return f(); } }\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:4",
+                          "cppcoreguidelines-pro-type-cstyle-cast")
+
+    def test_finds_it_in_a_header_of_ours(self):
+        self.plant("src/Planted.h", "namespace own { typedef int Number; }\n")
+        self.plant("src/Planted.cpp", '#include "Planted.h"\n')
+        self.assert_found("src/Planted.cpp", "src/Planted.h:1", "modernize-use-using")
+
+    def test_finds_it_in_a_test(self):
+        self.plant("tests/PlantedTest.cpp", "typedef int Number;\n")
+        self.assert_found("tests/PlantedTest.cpp", "tests/PlantedTest.cpp:1", "modernize-use-using")
+
+    def test_finds_it_in_a_macro_of_ours(self):
+        self.plant("src/Planted.cpp", "#define TWICE(x) x + x\nint four() { return TWICE(2); }\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:1", "bugprone-macro-parentheses")
+        self.plant("src/Planted.cpp", "#define READER(name) "
+                   "int name(char* c) { return *(int*)c; }\nREADER(first)\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:2",
+                          "cppcoreguidelines-pro-type-cstyle-cast")
+
+    def test_finds_it_in_what_we_write_into_a_macro_of_others(self):
+        self.plant("system/testing.h", "#define TEST(name) struct name { void run(); };"
+                   " void name::run()\n")
+        self.plant("tests/PlantedTest.cpp", "#include <testing.h>\n"
+                   "TEST(Planted) {\n    typedef int Number;\n    Number n = 0;\n    (void)n;\n}\n")
+        self.assert_found("tests/PlantedTest.cpp", "tests/PlantedTest.cpp:3", "modernize-use-using")
+
+    def test_finds_it_in_a_template_that_is_used_or_not(self):
+        self.plant("src/Planted.h", "#include <string>\n"
+                   "template<typename T> struct Box {\n"
+                   "    typedef T Value;\n"
+                   "    int size(std::string text) { return text.size() + sizeof(T); }\n};\n")
+        self.plant("src/Planted.cpp", '#include "Planted.h"\n')
+        self.assert_found("src/Planted.cpp", "src/Planted.h:3", "modernize-use-using")
+        self.plant("src/Planted.cpp", '#include "Planted.h"\n'
+                   "int two() { return Box<int>().size({}); }\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.h:3", "modernize-use-using")
+
+    def test_finds_it_in_what_we_add_to_a_namespace_of_others(self):
+        self.plant("src/Planted.cpp", "#include <functional>\nstruct Own {};\n"
+                   "template<> struct std::hash<Own> {\n"
+                   "    typedef Own argument;\n};\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:4", "modernize-use-using")
+
+    def test_finds_what_takes_knowledge_of_others(self):
+        self.plant("system/base.h", "struct Base { virtual ~Base() = default;"
+                   " virtual void close(); };\n")
+        self.plant("src/Planted.cpp", "#include <base.h>\n#include <string>\n"
+                   "struct Own : Base { virtual void close(); };\n"
+                   "auto size(std::string text) { return text.size(); }\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:3", "modernize-use-override")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:4",
+                          "performance-unnecessary-value-param")
+
+    def test_finds_what_the_compiler_warns_of(self):
+        self.plant("src/Planted.cpp", "int same(int i) { i == i; return i; }\n")
+        self.assert_found("src/Planted.cpp", "src/Planted.cpp:1", "clang-diagnostic-")
+
+    def test_walks_around_the_code_of_others(self):
+        self.plant("system/other.h", "typedef int Number;\n")
+        self.plant("src/Planted.cpp", "#include <other.h>\nNumber number = 0;\n")
+        # Even when clang-tidy is told to show what it finds there.
+        self.assert_clean("src/Planted.cpp", "--system-headers", "--header-filter=.*")
+
+    def test_leaves_out_the_precompiled_headers_of_other_compilers(self):
+        self.plant("src/Planted.cpp", "int number = 0;\n")
+        self.assert_clean("src/Planted.cpp", flags="-Winvalid-pch -include nowhere/cmake_pch.hxx")
+        self.assert_clean("src/Planted.cpp", flags="-Winvalid-pch -Xclang -include-pch -Xclang"
+                          " nowhere/cmake_pch.hxx.pch -Xclang -include -Xclang cmake_pch.hxx")
+
+    def test_is_an_error_when_the_plugin_does_not_build(self):
+        self.plant("src/Planted.cpp", "int number = 0;\n")
+        plugin = self.copy / "tools" / "Lint" / "OwnCode.cpp"
+        source = plugin.read_text()
+        self.addCleanup(plugin.write_text, source)
+        plugin.write_text("#error planted\n")
+        result = self.lint("src/Planted.cpp")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("does not build", result.stderr)
+
+    def test_asks_for_files(self):
+        result = subprocess.run([ROOT / "scripts" / "lint", self.copy], text=True,
+                                capture_output=True, check=False)
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("BUILD-FOLDER", result.stderr)
 
 
 class Linkage(unittest.TestCase):
