@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace tolvar {
+
+/// A browser on this machine, and how far the way between it and Tolvar is laid.
+struct BrowserCompanion {
+    enum class State {
+        notSetUp,
+        setUp,
+        /// Laid by another build or version of Tolvar, or only in part; setting up renews it.
+        outOfDate,
+        /// `remark` says why it cannot be done.
+        unreachable,
+    };
+
+    /// What commands call it, for example "chromium".
+    QString id;
+    /// The name people see.
+    QString name;
+    State state = State::notSetUp;
+    /// The names its processes have, by which its connections are known.
+    QStringList processes;
+    /// One sentence for people: what is left for them to do, or why it is unreachable; may be
+    /// empty.
+    QString remark;
+
+    bool operator==(const BrowserCompanion&) const = default;
+};
+
+/// What Tolvar puts beside browsers so that they let it see and redirect their tabs.
+class BrowserCompanions {
+public:
+    virtual ~BrowserCompanions() = default;
+
+    /// The ids of all browsers that Tolvar knows, installed or not, in display order.
+    virtual QStringList known() const = 0;
+    /// The id of the browser that people call so; nothing when none is known by that name.
+    virtual std::optional<QString> idOf(const QString& name) const = 0;
+    /// The browsers that are installed, and those for which something is left of a setting-up, in
+    /// display order. Read afresh at each call.
+    virtual std::vector<BrowserCompanion> found() const = 0;
+    /// Lays the way to a browser or renews it. Takes effect when the browser starts. Returns the
+    /// error's description when it fails, or when the browser is not installed.
+    [[nodiscard]] virtual std::optional<QString> setUp(const QString& id) = 0;
+    /// Takes away what setting up made, also when the browser is gone. Nothing to take away is no
+    /// error. Returns the error's description when it fails.
+    [[nodiscard]] virtual std::optional<QString> remove(const QString& id) = 0;
+};
+
+} // namespace tolvar

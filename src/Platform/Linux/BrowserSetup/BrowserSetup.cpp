@@ -1,0 +1,153 @@
+#include "Platform/Linux/BrowserSetup/BrowserSetup.h"
+
+#include "BrowserExtensionIds.h"
+#include "Platform/Linux/BrowserSetup/KnownBrowsers.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace tolvar {
+
+using namespace Qt::StringLiterals;
+using Kind = InstalledBrowsers::Kind;
+using State = BrowserCompanion::State;
+
+namespace {
+
+/// Below both system folders of Mozilla's add-ons: the id of Firefox itself.
+const QString firefoxFolder = u"{ec8030f7-c20a-464f-9b0e-13a3a9e97384}"_s;
+
+QString addOnName() {
+    return QString::fromLatin1(firefoxExtensionId) + u".xpi"_s;
+}
+
+State stateOf(const CompanionFiles& files) {
+    switch (files.state()) {
+    case CompanionFiles::State::absent:
+        return State::notSetUp;
+    case CompanionFiles::State::complete:
+        return State::setUp;
+    case CompanionFiles::State::different:
+        return State::outOfDate;
+    }
+    Q_UNREACHABLE();
+}
+
+QString sandboxReason(Kind kind) {
+    return u"it is installed as a %1, whose sandbox starts no program outside of it"_s.arg(
+        kind == Kind::flatpak ? u"Flatpak"_s : u"Snap"_s);
+}
+
+bool calls(const QString& text, const QString& name) {
+    return text.compare(name, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+BrowserSetup::BrowserSetup(Environment environment)
+    : m_environment(std::move(environment))
+    , m_installed(m_environment.places) {}
+
+BrowserSetup BrowserSetup::ofThisUser(const BrowserParts& parts) {
+    return BrowserSetup({
+        .parts = parts,
+        .home = QDir::homePath(),
+        .configFolder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+        .places = InstalledBrowsers::placesOfThisUser(),
+        .firefoxAddOns = {u"/usr/share/mozilla/extensions/"_s + firefoxFolder,
+                          u"/usr/lib/mozilla/extensions/"_s + firefoxFolder},
+    });
+}
+
+QStringList BrowserSetup::known() const {
+    QStringList ids;
+    for (const KnownBrowser& browser : knownBrowsers())
+        ids.append(browser.id);
+    return ids;
+}
+
+std::optional<QString> BrowserSetup::idOf(const QString& name) const {
+    for (const KnownBrowser& browser : knownBrowsers())
+        if (calls(name, browser.id) || calls(name, browser.name) ||
+            browser.programs.contains(name, Qt::CaseInsensitive))
+            return browser.id;
+    return std::nullopt;
+}
+
+std::vector<BrowserCompanion> BrowserSetup::found() const {
+    std::vector<BrowserCompanion> companions;
+    for (const KnownBrowser& browser : knownBrowsers()) {
+        const Kind kind = m_installed.kindOf(browser);
+        BrowserCompanion seen = companion(browser, kind);
+        if (kind != Kind::absent || seen.state != State::notSetUp)
+            companions.push_back(std::move(seen));
+    }
+    return companions;
+}
+
+BrowserCompanion BrowserSetup::companion(const KnownBrowser& browser, Kind kind) const {
+    BrowserCompanion seen = {.id = browser.id,
+                             .name = browser.name,
+                             .state = stateOf(filesOf(browser)),
+                             .processes = browser.processes,
+                             .remark = {}};
+    if (kind == Kind::flatpak || kind == Kind::snap) {
+        seen.state = State::unreachable;
+        seen.remark = sandboxReason(kind);
+    } else if (kind == Kind::absent) {
+        seen.remark = u"%1 is not installed any more; tolvar browsers remove %2 takes away what "
+                      u"is left"_s.arg(browser.name, browser.id);
+    } else if (seen.state == State::setUp) {
+        seen.remark = remainder(browser);
+    }
+    return seen;
+}
+
+std::optional<QString> BrowserSetup::setUp(const QString& id) {
+    const KnownBrowser* browser = knownBrowser(id);
+    const Kind kind = browser != nullptr ? m_installed.kindOf(*browser) : Kind::absent;
+    if (kind == Kind::absent)
+        return u"it is not installed"_s;
+    if (kind != Kind::ordinary)
+        return u"it cannot be reached: "_s + sandboxReason(kind);
+    const CompanionFiles files = filesOf(*browser);
+    if (const auto missing = files.missingPart())
+        return u"there is no file “%1”; install Tolvar anew"_s.arg(*missing);
+    return files.write();
+}
+
+std::optional<QString> BrowserSetup::remove(const QString& id) {
+    const KnownBrowser* browser = knownBrowser(id);
+    return browser != nullptr ? filesOf(*browser).remove() : std::nullopt;
+}
+
+CompanionFiles BrowserSetup::filesOf(const KnownBrowser& browser) const {
+    return {browser, m_environment.parts, m_environment.home, m_environment.configFolder};
+}
+
+QString BrowserSetup::remainder(const KnownBrowser& browser) const {
+    const BrowserParts& parts = m_environment.parts;
+    if (browser.family == KnownBrowser::Family::firefox)
+        return hasFirefoxAddOn()
+                   ? QString()
+                   : u"add the extension once, for all users of this computer: sudo install -D "
+                     u"-m 644 %1 '%2/%3'"_s.arg(parts.firefoxPackage(),
+                                                m_environment.firefoxAddOns.value(0), addOnName());
+    if (browser.experience == KnownBrowser::Experience::tried)
+        return {};
+    return u"untried with this browser: should it not have the extension Tolvar when it was "
+           u"started anew, switch on “Developer mode” on its page of extensions and load the "
+           u"unpacked extension %1"_s.arg(parts.unpackedExtension());
+}
+
+bool BrowserSetup::hasFirefoxAddOn() const {
+    const QStringList& folders = m_environment.firefoxAddOns;
+    return std::any_of(folders.begin(), folders.end(), [](const QString& folder) {
+        return QFileInfo(folder + u'/' + addOnName()).isFile();
+    });
+}
+
+} // namespace tolvar
