@@ -10,6 +10,7 @@ namespace tolvar {
 class AccessibilitySettings;
 class AudioDevice;
 class AudioFileReader;
+class BrowserCompanions;
 class IconThemeSettings;
 class InstalledApplications;
 class PanelWindows;
@@ -18,6 +19,7 @@ class Preferences;
 class SystemLog;
 class TimerService;
 class Workspace;
+struct BundleInfo;
 
 /// The real things behind the interfaces, as far as this desktop has them; else null objects.
 namespace Adapters {
@@ -39,6 +41,7 @@ std::unique_ptr<AccessibilitySettings> accessibilitySettings(const QDBusConnecti
 /// Opens nothing before it is started. To be called on the main thread.
 std::unique_ptr<AudioDevice> audioDevice();
 std::unique_ptr<AudioFileReader> audioFileReader();
+std::unique_ptr<BrowserCompanions> browserCompanions(const BundleInfo& bundle);
 
 } // namespace Adapters
 } // namespace tolvar

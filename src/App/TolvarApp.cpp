@@ -32,7 +32,9 @@ ExitStatus TolvarApp::execute(const Command::Any& command) {
 }
 
 ExitStatus TolvarApp::ask(const Command::Any& command) {
-    return Client(m_bus, {m_bundle.executablePath, m_bundle.shortVersion}, m_terminal).run(command);
+    const auto browsers = Adapters::browserCompanions(m_bundle);
+    return Client(m_bus, {m_bundle.executablePath, m_bundle.shortVersion}, *browsers, m_terminal)
+        .run(command);
 }
 
 /// The bus keeps what it receives until the event loop runs, so that whoever sees the name finds

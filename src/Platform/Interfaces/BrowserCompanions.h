@@ -15,8 +15,6 @@ struct BrowserCompanion {
         setUp,
         /// Laid by another build or version of Tolvar, or only in part; setting up renews it.
         outOfDate,
-        /// `remark` says why it cannot be done.
-        unreachable,
     };
 
     /// What commands call it, for example "chromium".
@@ -26,9 +24,11 @@ struct BrowserCompanion {
     State state = State::notSetUp;
     /// The names its processes have, by which its connections are known.
     QStringList processes;
-    /// One sentence for people: what is left for them to do, or why it is unreachable; may be
-    /// empty.
-    QString remark;
+    /// Why it cannot be reached, whatever its state: a sentence for people, without its full stop
+    /// and capital; nothing when it can.
+    std::optional<QString> obstacle;
+    /// What is left for people to do once it is set up, as such a sentence; may be empty.
+    QString remainder;
 
     bool operator==(const BrowserCompanion&) const = default;
 };
@@ -45,8 +45,8 @@ public:
     /// The browsers that are installed, and those for which something is left of a setting-up, in
     /// display order. Read afresh at each call.
     virtual std::vector<BrowserCompanion> found() const = 0;
-    /// Lays the way to a browser or renews it. Takes effect when the browser starts. Returns the
-    /// error's description when it fails, or when the browser is not installed.
+    /// Lays the way to a browser or renews it; takes effect when the browser starts. Returns the
+    /// error's description when it fails, which is the obstacle where there is one.
     [[nodiscard]] virtual std::optional<QString> setUp(const QString& id) = 0;
     /// Takes away what setting up made, also when the browser is gone. Nothing to take away is no
     /// error. Returns the error's description when it fails.

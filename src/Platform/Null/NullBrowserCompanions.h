@@ -11,7 +11,7 @@ public:
     std::optional<QString> idOf(const QString&) const override { return std::nullopt; }
     std::vector<BrowserCompanion> found() const override { return {}; }
     std::optional<QString> setUp(const QString&) override {
-        return QStringLiteral("Browsers cannot be reached here");
+        return QStringLiteral("browsers cannot be reached here");
     }
     std::optional<QString> remove(const QString&) override { return std::nullopt; }
 };

@@ -36,9 +36,8 @@ State stateOf(const CompanionFiles& files) {
     Q_UNREACHABLE();
 }
 
-QString sandboxReason(Kind kind) {
-    return u"it is installed as a %1, whose sandbox starts no program outside of it"_s.arg(
-        kind == Kind::flatpak ? u"Flatpak"_s : u"Snap"_s);
+QString sandboxed(const QString& kind) {
+    return u"it is installed as a %1, whose sandbox starts no program outside of it"_s.arg(kind);
 }
 
 bool calls(const QString& text, const QString& name) {
@@ -79,40 +78,42 @@ std::optional<QString> BrowserSetup::idOf(const QString& name) const {
 
 std::vector<BrowserCompanion> BrowserSetup::found() const {
     std::vector<BrowserCompanion> companions;
-    for (const KnownBrowser& browser : knownBrowsers()) {
-        const Kind kind = m_installed.kindOf(browser);
-        BrowserCompanion seen = companion(browser, kind);
-        if (kind != Kind::absent || seen.state != State::notSetUp)
-            companions.push_back(std::move(seen));
-    }
+    for (const KnownBrowser& browser : knownBrowsers())
+        if (m_installed.kindOf(browser) != Kind::absent ||
+            filesOf(browser).state() != CompanionFiles::State::absent)
+            companions.push_back(companion(browser));
     return companions;
 }
 
-BrowserCompanion BrowserSetup::companion(const KnownBrowser& browser, Kind kind) const {
-    BrowserCompanion seen = {.id = browser.id,
-                             .name = browser.name,
-                             .state = stateOf(filesOf(browser)),
-                             .processes = browser.processes,
-                             .remark = {}};
-    if (kind == Kind::flatpak || kind == Kind::snap) {
-        seen.state = State::unreachable;
-        seen.remark = sandboxReason(kind);
-    } else if (kind == Kind::absent) {
-        seen.remark = u"%1 is not installed any more; tolvar browsers remove %2 takes away what "
-                      u"is left"_s.arg(browser.name, browser.id);
-    } else if (seen.state == State::setUp) {
-        seen.remark = remainder(browser);
+BrowserCompanion BrowserSetup::companion(const KnownBrowser& browser) const {
+    return {.id = browser.id,
+            .name = browser.name,
+            .state = stateOf(filesOf(browser)),
+            .processes = browser.processes,
+            .obstacle = obstacle(browser),
+            .remainder = remainder(browser)};
+}
+
+std::optional<QString> BrowserSetup::obstacle(const KnownBrowser& browser) const {
+    switch (m_installed.kindOf(browser)) {
+    case Kind::absent:
+        return u"it is not installed"_s;
+    case Kind::ordinary:
+        return std::nullopt;
+    case Kind::flatpak:
+        return sandboxed(u"Flatpak"_s);
+    case Kind::snap:
+        return sandboxed(u"Snap"_s);
     }
-    return seen;
+    Q_UNREACHABLE();
 }
 
 std::optional<QString> BrowserSetup::setUp(const QString& id) {
     const KnownBrowser* browser = knownBrowser(id);
-    const Kind kind = browser != nullptr ? m_installed.kindOf(*browser) : Kind::absent;
-    if (kind == Kind::absent)
-        return u"it is not installed"_s;
-    if (kind != Kind::ordinary)
-        return u"it cannot be reached: "_s + sandboxReason(kind);
+    if (browser == nullptr)
+        return u"Tolvar does not know it"_s;
+    if (const auto reason = obstacle(*browser))
+        return reason;
     const CompanionFiles files = filesOf(*browser);
     if (const auto missing = files.missingPart())
         return u"there is no file “%1”; install Tolvar anew"_s.arg(*missing);

@@ -34,8 +34,8 @@ public:
 
 private:
     CompanionFiles filesOf(const KnownBrowser& browser) const;
-    BrowserCompanion companion(const KnownBrowser& browser, InstalledBrowsers::Kind kind) const;
-    /// What is left for people to do once a browser is set up; may be empty.
+    BrowserCompanion companion(const KnownBrowser& browser) const;
+    std::optional<QString> obstacle(const KnownBrowser& browser) const;
     QString remainder(const KnownBrowser& browser) const;
     bool hasFirefoxAddOn() const;
 

@@ -1,0 +1,113 @@
+#include "App/Client/BrowserCommands.h"
+
+#include "App/Client/BrowserStatus.h"
+#include "App/Client/TextTable.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace tolvar {
+
+using namespace Qt::StringLiterals;
+using State = BrowserCompanion::State;
+
+namespace {
+
+ExitStatus worse(ExitStatus one, ExitStatus other) {
+    return std::max(one, other);
+}
+
+} // namespace
+
+ExitStatus BrowserCommands::setUp(const std::optional<QString>& name) {
+    if (!name)
+        return setUpAll();
+    const auto id = m_browsers.idOf(*name);
+    return id ? setUpOne(*id) : unknown(*name);
+}
+
+ExitStatus BrowserCommands::setUpAll() {
+    ExitStatus status = ExitStatus::done;
+    bool isAnyReachable = false;
+    for (const BrowserCompanion& browser : m_browsers.found()) {
+        if (browser.obstacle) {
+            m_terminal.complain(u"%1 cannot be reached: %2"_s.arg(browser.name, *browser.obstacle));
+            continue;
+        }
+        isAnyReachable = true;
+        status = worse(status, setUpOne(browser.id));
+    }
+    if (isAnyReachable)
+        return status;
+    m_terminal.complain(u"there is no browser here that can be reached; Tolvar knows "_s +
+                        m_browsers.known().join(u", "_s));
+    return ExitStatus::notApplicable;
+}
+
+ExitStatus BrowserCommands::setUpOne(const QString& id) {
+    const auto failure = m_browsers.setUp(id);
+    const auto browser = find(id);
+    const QString name = browser ? browser->name : id;
+    if (failure) {
+        m_terminal.complain(u"%1 cannot be set up: %2"_s.arg(name, *failure));
+        return ExitStatus::notApplicable;
+    }
+    QString lines = name + u" is set up; if it runs, quit it and start it again\n"_s;
+    if (browser && !browser->remainder.isEmpty())
+        lines += u"%1: %2\n"_s.arg(name, browser->remainder);
+    return exitStatusOf(m_terminal.print(lines));
+}
+
+ExitStatus BrowserCommands::remove(const std::optional<QString>& name) {
+    if (!name)
+        return removeAll();
+    const auto id = m_browsers.idOf(*name);
+    if (!id)
+        return unknown(*name);
+    return removeOne(find(*id).value_or(BrowserCompanion{.id = *id, .name = *id}));
+}
+
+ExitStatus BrowserCommands::removeAll() {
+    ExitStatus status = ExitStatus::done;
+    for (const BrowserCompanion& browser : m_browsers.found())
+        status = worse(status, removeOne(browser));
+    return status;
+}
+
+ExitStatus BrowserCommands::removeOne(const BrowserCompanion& browser) {
+    if (const auto failure = m_browsers.remove(browser.id)) {
+        m_terminal.complain(
+            u"what belongs to %1 cannot be removed: %2"_s.arg(browser.name, *failure));
+        return ExitStatus::notApplicable;
+    }
+    const QString said =
+        browser.state == State::notSetUp ? u"%1 was not set up\n"_s : u"%1 is as it was before\n"_s;
+    return exitStatusOf(m_terminal.print(said.arg(browser.name)));
+}
+
+ExitStatus BrowserCommands::showStatus(Command::Browsers::Format format,
+                                       const QStringList& connected) {
+    const auto rows = browserStatus(m_browsers.found(), connected);
+    if (format == Command::Browsers::Format::text)
+        return exitStatusOf(m_terminal.print(browserTable(rows)));
+    QJsonArray array;
+    for (const BrowserStatus& row : rows)
+        array.append(toJson(row));
+    return exitStatusOf(m_terminal.print(jsonText(array)));
+}
+
+std::optional<BrowserCompanion> BrowserCommands::find(const QString& id) const {
+    for (BrowserCompanion& browser : m_browsers.found())
+        if (browser.id == id)
+            return std::move(browser);
+    return std::nullopt;
+}
+
+ExitStatus BrowserCommands::unknown(const QString& name) {
+    m_terminal.complain(
+        u"there is no browser “%1”; Tolvar knows %2"_s.arg(name, m_browsers.known().join(u", "_s)));
+    return ExitStatus::wrongUsage;
+}
+
+} // namespace tolvar
