@@ -1,9 +1,11 @@
 #include "App/Adapters.h"
 
+#include "BrowserHost/PrivateFolder.h"
 #include "Platform/Common/CombinedAccessibilitySettings.h"
 #include "Platform/Common/SqlitePreferences.h"
 #include "Platform/Linux/Audio/OpenAlDevice.h"
 #include "Platform/Linux/Audio/WaveFileReader.h"
+#include "Platform/Linux/Browsers/CompanionChannel.h"
 #include "Platform/Linux/DBus/PortalAccessibilitySettings.h"
 #include "Platform/Linux/Desktop/DesktopEntries.h"
 #include "Platform/Linux/Desktop/XdgIconThemeSettings.h"
@@ -66,6 +68,10 @@ std::unique_ptr<PanelWindows> Adapters::panelWindows() {
 
 std::unique_ptr<PointerPresses> Adapters::pointerPresses() {
     return std::make_unique<X11PointerPresses>();
+}
+
+std::unique_ptr<BrowserChannel> Adapters::browserChannel(SystemLog& log) {
+    return std::make_unique<CompanionChannel>(PrivateFolder::path(), log);
 }
 
 std::unique_ptr<AccessibilitySettings> Adapters::accessibilitySettings(const QDBusConnection& bus) {

@@ -10,6 +10,7 @@ namespace tolvar {
 class AccessibilitySettings;
 class AudioDevice;
 class AudioFileReader;
+class BrowserChannel;
 class IconThemeSettings;
 class InstalledApplications;
 class PanelWindows;
@@ -34,6 +35,8 @@ std::unique_ptr<InstalledApplications> installedApplications();
 std::unique_ptr<IconThemeSettings> iconThemeSettings();
 std::unique_ptr<PanelWindows> panelWindows();
 std::unique_ptr<PointerPresses> pointerPresses();
+/// The browsers in which Tolvar's extension runs, from now on. `log` outlives it.
+std::unique_ptr<BrowserChannel> browserChannel(SystemLog& log);
 /// `bus` need not be connected.
 std::unique_ptr<AccessibilitySettings> accessibilitySettings(const QDBusConnection& bus);
 /// Opens nothing before it is started. To be called on the main thread.

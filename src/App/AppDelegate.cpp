@@ -30,6 +30,7 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
     , m_preferences(preferencesWithDefaults(Adapters::preferences(*m_log, m_timers)))
     , m_workspace(Adapters::workspace(*m_log))
     , m_installed(Adapters::installedApplications())
+    , m_browsers(Adapters::browserChannel(*m_log))
     , m_audioDevice(Adapters::audioDevice())
     , m_audioFiles(Adapters::audioFileReader())
     , m_sound({.device = *m_audioDevice,
@@ -49,7 +50,7 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
                       .clock = m_clock,
                       .timers = m_timers,
                       .workspace = *m_workspace,
-                      .browsers = m_browsers,
+                      .browsers = *m_browsers,
                       .alert = *m_alert,
                       .notifications = m_notifications,
                       .haptics = m_haptics,
@@ -60,7 +61,7 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
                        .categories = m_categories,
                        .installed = *m_installed,
                        .workspace = *m_workspace,
-                       .browsers = m_browsers,
+                       .browsers = *m_browsers,
                        .version = bundle.shortVersion},
                       bus)
     , m_face(makeFace(bundle, bus)) {

@@ -11,12 +11,12 @@
 #include "Platform/Interfaces/AudioDevice.h"
 #include "Platform/Interfaces/AudioFileReader.h"
 #include "Platform/Interfaces/BlockAlert.h"
+#include "Platform/Interfaces/BrowserChannel.h"
 #include "Platform/Interfaces/BundleInfo.h"
 #include "Platform/Interfaces/InstalledApplications.h"
 #include "Platform/Interfaces/PanelWindows.h"
 #include "Platform/Interfaces/SystemLog.h"
 #include "Platform/Linux/DBus/FreedesktopNotificationCenter.h"
-#include "Platform/Null/NullBrowserChannel.h"
 #include "Platform/Null/NullHapticPerformer.h"
 #include "Platform/Null/NullUpdateSource.h"
 #include "Services/Updater.h"
@@ -60,7 +60,7 @@ private:
     std::unique_ptr<Preferences> m_preferences;
     std::unique_ptr<Workspace> m_workspace;
     std::unique_ptr<InstalledApplications> m_installed;
-    NullBrowserChannel m_browsers;
+    std::unique_ptr<BrowserChannel> m_browsers;
     NullHapticPerformer m_haptics;
     std::unique_ptr<AudioDevice> m_audioDevice;
     std::unique_ptr<AudioFileReader> m_audioFiles;

@@ -19,6 +19,8 @@ struct BundleInfo {
     QString resourcesPath;
     /// The program itself, absolute.
     QString executablePath;
+    /// The program that browsers start for the extension, absolute.
+    QString browserHostPath;
 
     bool operator==(const BundleInfo&) const = default;
 };

@@ -1,0 +1,127 @@
+#include "Platform/Linux/Browsers/CompanionChannel.h"
+
+#include "BrowserHost/PrivateFolder.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace tolvar {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using CompanionMessages::ShownTab;
+
+const QString logCategory = u"BrowserChannel"_s;
+
+} // namespace
+
+CompanionChannel::CompanionChannel(const std::string& folder, SystemLog& log)
+    : m_log(log) {
+    auto listening = CompanionSocket::listen(folder);
+    if (const auto* reason = std::get_if<QString>(&listening)) {
+        m_log.error(logCategory, u"Browsers cannot be reached: "_s + *reason);
+        return;
+    }
+    m_socket.emplace(std::get<CompanionSocket>(std::move(listening)));
+    m_arrivals = std::make_unique<QSocketNotifier>(m_socket->descriptor(), QSocketNotifier::Read);
+    connect(m_arrivals.get(), &QSocketNotifier::activated, this, &CompanionChannel::letIn);
+}
+
+CompanionChannel::~CompanionChannel() = default;
+
+std::vector<QString> CompanionChannel::runningBrowsers() const {
+    std::vector<QString> names;
+    for (const auto& companion : m_companions)
+        if (!companion->name.isEmpty() && !companion->connection->hasEnded())
+            names.push_back(companion->name);
+    return names;
+}
+
+std::optional<std::vector<ActiveTab>> CompanionChannel::activeTabs(const QString& browser) {
+    const Companion* companion = companionNamed(browser);
+    if (companion == nullptr || !companion->connection->picture())
+        return std::nullopt;
+    std::vector<ActiveTab> tabs;
+    for (const ShownTab& shown : *companion->connection->picture())
+        tabs.push_back(CompanionMessages::activeTab(shown));
+    return tabs;
+}
+
+void CompanionChannel::redirect(const std::vector<ActiveTab>& tabs, const QString& browser) {
+    const Companion* companion = companionNamed(browser);
+    if (companion == nullptr || !companion->connection->picture())
+        return;
+    std::vector<qint64> numbers;
+    for (const ShownTab& shown : *companion->connection->picture())
+        if (std::ranges::find(tabs, CompanionMessages::activeTab(shown)) != tabs.end())
+            numbers.push_back(shown.tab);
+    if (!numbers.empty())
+        companion->connection->send(CompanionMessages::blankCommand(numbers));
+}
+
+Subscription CompanionChannel::observeChanges(std::function<void()> changed) {
+    return m_observers.add(std::move(changed));
+}
+
+void CompanionChannel::letIn() {
+    Descriptor socket = m_socket->accept();
+    if (!socket) {
+        // Too many open files, likely: the next change is soon enough.
+        m_arrivals->setEnabled(errno == EAGAIN || errno == ECONNABORTED);
+        return;
+    }
+    if (!PrivateFolder::isPeerOurs(socket.number())) {
+        m_log.error(logCategory, u"Hung up on another user's program"_s);
+        return;
+    }
+    add(std::move(socket));
+    m_arrivals->setEnabled(m_companions.size() < mostConnections);
+}
+
+void CompanionChannel::add(Descriptor socket) {
+    auto& companion = *m_companions.emplace_back(std::make_unique<Companion>());
+    companion.connection = std::make_unique<CompanionConnection>(
+        std::move(socket),
+        CompanionConnection::Observer{
+            .named = [this, &companion](const QString& name) { companion.name = freeName(name); },
+            .changed = [this] { settleSoon(); },
+            .failed =
+                [this, &companion](const QString& fault) {
+                    const QString who = companion.name.isEmpty() ? u"a program"_s : companion.name;
+                    m_log.error(logCategory, u"Hung up on %1: %2"_s.arg(who, fault));
+                },
+        });
+}
+
+QString CompanionChannel::freeName(const QString& browser) const {
+    const auto taken = runningBrowsers();
+    QString name = browser;
+    for (int number = 2; std::ranges::find(taken, name) != taken.end(); ++number)
+        name = u"%1 %2"_s.arg(browser).arg(number);
+    return name;
+}
+
+CompanionChannel::Companion* CompanionChannel::companionNamed(const QString& browser) {
+    const auto found = std::ranges::find_if(m_companions, [&](const auto& companion) {
+        return companion->name == browser && !companion->connection->hasEnded();
+    });
+    return browser.isEmpty() || found == m_companions.end() ? nullptr : found->get();
+}
+
+void CompanionChannel::settleSoon() {
+    if (!std::exchange(m_isSettling, true))
+        QMetaObject::invokeMethod(this, &CompanionChannel::settle, Qt::QueuedConnection);
+}
+
+/// Outside of any connection's reading and writing, where those that ended can be let go.
+void CompanionChannel::settle() {
+    m_isSettling = false;
+    std::erase_if(m_companions,
+                  [](const auto& companion) { return companion->connection->hasEnded(); });
+    m_arrivals->setEnabled(m_companions.size() < mostConnections);
+    m_observers.tell();
+}
+
+} // namespace tolvar
