@@ -23,8 +23,8 @@ ExitStatus worse(ExitStatus one, ExitStatus other) {
 ExitStatus BrowserCommands::setUp(const std::optional<QString>& name) {
     if (!name)
         return setUpAll();
-    const auto id = m_browsers.idOf(*name);
-    return id ? setUpOne(*id) : unknown(*name);
+    const auto browser = m_browsers.find(*name);
+    return browser ? setUpOne(*browser) : unknown(*name);
 }
 
 ExitStatus BrowserCommands::setUpAll() {
@@ -36,7 +36,7 @@ ExitStatus BrowserCommands::setUpAll() {
             continue;
         }
         isAnyReachable = true;
-        status = worse(status, setUpOne(browser.id));
+        status = worse(status, setUpOne(browser));
     }
     if (isAnyReachable)
         return status;
@@ -45,27 +45,22 @@ ExitStatus BrowserCommands::setUpAll() {
     return ExitStatus::notApplicable;
 }
 
-ExitStatus BrowserCommands::setUpOne(const QString& id) {
-    const auto failure = m_browsers.setUp(id);
-    const auto browser = find(id);
-    const QString name = browser ? browser->name : id;
-    if (failure) {
-        m_terminal.complain(u"%1 cannot be set up: %2"_s.arg(name, *failure));
+ExitStatus BrowserCommands::setUpOne(const BrowserCompanion& browser) {
+    if (const auto failure = m_browsers.setUp(browser.id)) {
+        m_terminal.complain(u"%1 cannot be set up: %2"_s.arg(browser.name, *failure));
         return ExitStatus::notApplicable;
     }
-    QString lines = name + u" is set up; if it runs, quit it and start it again\n"_s;
-    if (browser && !browser->remainder.isEmpty())
-        lines += u"%1: %2\n"_s.arg(name, browser->remainder);
+    QString lines = browser.name + u" is set up; if it runs, quit it and start it again\n"_s;
+    if (!browser.remainder.isEmpty())
+        lines += u"%1: %2\n"_s.arg(browser.name, browser.remainder);
     return exitStatusOf(m_terminal.print(lines));
 }
 
 ExitStatus BrowserCommands::remove(const std::optional<QString>& name) {
     if (!name)
         return removeAll();
-    const auto id = m_browsers.idOf(*name);
-    if (!id)
-        return unknown(*name);
-    return removeOne(find(*id).value_or(BrowserCompanion{.id = *id, .name = *id}));
+    const auto browser = m_browsers.find(*name);
+    return browser ? removeOne(*browser) : unknown(*name);
 }
 
 ExitStatus BrowserCommands::removeAll() {
@@ -95,13 +90,6 @@ ExitStatus BrowserCommands::showStatus(Command::Browsers::Format format,
     for (const BrowserStatus& row : rows)
         array.append(toJson(row));
     return exitStatusOf(m_terminal.print(jsonText(array)));
-}
-
-std::optional<BrowserCompanion> BrowserCommands::find(const QString& id) const {
-    for (BrowserCompanion& browser : m_browsers.found())
-        if (browser.id == id)
-            return std::move(browser);
-    return std::nullopt;
 }
 
 ExitStatus BrowserCommands::unknown(const QString& name) {

@@ -31,11 +31,9 @@ public:
 
 private:
     ExitStatus setUpAll();
-    ExitStatus setUpOne(const QString& id);
+    ExitStatus setUpOne(const BrowserCompanion& browser);
     ExitStatus removeAll();
     ExitStatus removeOne(const BrowserCompanion& browser);
-    /// What is known of the browser, installed or not.
-    std::optional<BrowserCompanion> find(const QString& id) const;
     ExitStatus unknown(const QString& name);
 
     BrowserCompanions& m_browsers;

@@ -40,8 +40,8 @@ public:
 
     /// The ids of all browsers that Tolvar knows, installed or not, in display order.
     virtual QStringList known() const = 0;
-    /// The id of the browser that people call so; nothing when none is known by that name.
-    virtual std::optional<QString> idOf(const QString& name) const = 0;
+    /// The browser that people call so, installed or not; nothing when none is known by that name.
+    virtual std::optional<BrowserCompanion> find(const QString& name) const = 0;
     /// The browsers that are installed, and those for which something is left of a setting-up, in
     /// display order. Read afresh at each call.
     virtual std::vector<BrowserCompanion> found() const = 0;

@@ -8,7 +8,7 @@ namespace tolvar {
 class NullBrowserCompanions final : public BrowserCompanions {
 public:
     QStringList known() const override { return {}; }
-    std::optional<QString> idOf(const QString&) const override { return std::nullopt; }
+    std::optional<BrowserCompanion> find(const QString&) const override { return std::nullopt; }
     std::vector<BrowserCompanion> found() const override { return {}; }
     std::optional<QString> setUp(const QString&) override {
         return QStringLiteral("browsers cannot be reached here");

@@ -68,11 +68,11 @@ QStringList BrowserSetup::known() const {
     return ids;
 }
 
-std::optional<QString> BrowserSetup::idOf(const QString& name) const {
+std::optional<BrowserCompanion> BrowserSetup::find(const QString& name) const {
     for (const KnownBrowser& browser : knownBrowsers())
         if (calls(name, browser.id) || calls(name, browser.name) ||
             browser.programs.contains(name, Qt::CaseInsensitive))
-            return browser.id;
+            return companion(browser);
     return std::nullopt;
 }
 

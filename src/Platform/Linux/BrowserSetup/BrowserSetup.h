@@ -27,7 +27,7 @@ public:
 
     QStringList known() const override;
     /// By id, by the name that people see, or by the program that starts it, in any case.
-    std::optional<QString> idOf(const QString& name) const override;
+    std::optional<BrowserCompanion> find(const QString& name) const override;
     std::vector<BrowserCompanion> found() const override;
     [[nodiscard]] std::optional<QString> setUp(const QString& id) override;
     [[nodiscard]] std::optional<QString> remove(const QString& id) override;
