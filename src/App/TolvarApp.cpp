@@ -6,6 +6,7 @@
 #include "App/Client/CommandLine.h"
 #include "App/QuitSignals.h"
 #include "App/SingleInstance.h"
+#include "Platform/Interfaces/BrowserCompanions.h"
 
 #include <QCoreApplication>
 
