@@ -116,13 +116,13 @@ std::optional<QString> CompanionFiles::missingPart() const {
 
 std::optional<QString> CompanionFiles::write() const {
     const bool isNew = state() == State::absent;
-    std::optional<QString> failure = TracelessFiles::remove(strays());
+    std::optional<QString> failure;
     for (const File& file : m_files)
         if (!failure && contentsOf(file.path) != file.contents)
             failure = TracelessFiles::write(file.path, file.contents);
     if (failure && isNew)
         static_cast<void>(remove());
-    return failure;
+    return failure ? failure : removeStrays();
 }
 
 std::optional<QString> CompanionFiles::remove() const {
@@ -130,6 +130,14 @@ std::optional<QString> CompanionFiles::remove() const {
     for (const File& file : m_files)
         paths.append(file.path);
     return TracelessFiles::remove(paths);
+}
+
+/// Their folder is still needed.
+std::optional<QString> CompanionFiles::removeStrays() const {
+    for (const QString& path : strays())
+        if (QFile file(path); !file.remove())
+            return u"the file “%1” could not be removed: %2"_s.arg(path, file.errorString());
+    return std::nullopt;
 }
 
 QStringList CompanionFiles::strays() const {

@@ -52,6 +52,7 @@ private:
 
     /// Entries of builds of Tolvar whose extension had another key, and so another id.
     QStringList strays() const;
+    std::optional<QString> removeStrays() const;
     QStringList presentPaths() const;
 
     std::vector<File> m_files;

@@ -145,7 +145,7 @@ std::optional<QString> remove(const QStringList& paths) {
     for (const QString& path : paths)
         if (!unlinked(path) || !unlinked(draftOf(path)))
             failure = u"the file “%1” could not be removed: %2"_s.arg(path, because(errno));
-    for (const QString& path : paths)
+    for (const QString& path : failure ? QStringList() : paths)
         if (const int error = releaseFolders(folderOf(path)))
             failure =
                 u"the folder “%1” could not be removed: %2"_s.arg(folderOf(path), because(error));

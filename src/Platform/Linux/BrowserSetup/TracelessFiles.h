@@ -19,7 +19,7 @@ namespace tolvar::TracelessFiles {
 /// Removes the files that are there, then from the lowest up the folders above them that were made
 /// for such files and are empty now. A made folder in which others have put something stays and
 /// loses its mark. Returns the error's description when it fails; the other files are removed all
-/// the same.
+/// the same, but the folders stay until it is done again and succeeds.
 [[nodiscard]] std::optional<QString> remove(const QStringList& paths);
 
 } // namespace tolvar::TracelessFiles

@@ -209,7 +209,7 @@ TEST_F(BrowserSetupTest, ReplacesAndRemovesTheEntryOfABuildWithAnotherKey) {
 TEST_F(BrowserSetupTest, TakesWhateverStandsInItsPlaceAsOutOfDate) {
     install(u"firefox"_s);
     const QString place = home(u".mozilla/native-messaging-hosts/"_s + manifestName);
-    for (const QByteArray contents : {QByteArray(), QByteArray("{"), QByteArray(1 << 20, 'x')}) {
+    for (const QByteArray& contents : {QByteArray(), QByteArray("{"), QByteArray(1 << 20, 'x')}) {
         putFile(place, contents);
         EXPECT_EQ(state(u"firefox"_s), State::outOfDate);
         ASSERT_EQ(setup().setUp(u"firefox"_s), std::nullopt);
