@@ -50,10 +50,7 @@ ExitStatus BrowserCommands::setUpOne(const BrowserCompanion& browser) {
         m_terminal.complain(u"%1 cannot be set up: %2"_s.arg(browser.name, *failure));
         return ExitStatus::notApplicable;
     }
-    QString lines = browser.name + u" is set up; if it runs, quit it and start it again\n"_s;
-    if (!browser.remainder.isEmpty())
-        lines += u"%1: %2\n"_s.arg(browser.name, browser.remainder);
-    return exitStatusOf(m_terminal.print(lines));
+    return tell(browser.name, u"is set up"_s, browser.remainder);
 }
 
 ExitStatus BrowserCommands::remove(const std::optional<QString>& name) {
@@ -76,9 +73,16 @@ ExitStatus BrowserCommands::removeOne(const BrowserCompanion& browser) {
             u"what belongs to %1 cannot be removed: %2"_s.arg(browser.name, *failure));
         return ExitStatus::notApplicable;
     }
-    const QString said =
-        browser.state == State::notSetUp ? u"%1 was not set up\n"_s : u"%1 is as it was before\n"_s;
-    return exitStatusOf(m_terminal.print(said.arg(browser.name)));
+    if (browser.state == State::notSetUp)
+        return exitStatusOf(m_terminal.print(browser.name + u" was not set up\n"_s));
+    return tell(browser.name, u"is no longer set up"_s, browser.leftover);
+}
+
+ExitStatus BrowserCommands::tell(const QString& name, const QString& news, const QString& toDo) {
+    QString lines = u"%1 %2; if it runs, quit it and start it again\n"_s.arg(name, news);
+    if (!toDo.isEmpty())
+        lines += u"%1: %2\n"_s.arg(name, toDo);
+    return exitStatusOf(m_terminal.print(lines));
 }
 
 ExitStatus BrowserCommands::showStatus(Command::Browsers::Format format,

@@ -34,6 +34,7 @@ private:
     ExitStatus setUpOne(const BrowserCompanion& browser);
     ExitStatus removeAll();
     ExitStatus removeOne(const BrowserCompanion& browser);
+    ExitStatus tell(const QString& name, const QString& news, const QString& toDo);
     ExitStatus unknown(const QString& name);
 
     BrowserCompanions& m_browsers;

@@ -28,7 +28,8 @@ BrowserStatus stranger(const QString& process) {
                           .state = State::notSetUp,
                           .processes = {process},
                           .obstacle = std::nullopt,
-                          .remainder = {}},
+                          .remainder = {},
+                          .leftover = {}},
             .isConnected = true};
 }
 

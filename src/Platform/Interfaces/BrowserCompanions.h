@@ -29,6 +29,8 @@ struct BrowserCompanion {
     std::optional<QString> obstacle;
     /// What is left for people to do once it is set up, as such a sentence; may be empty.
     QString remainder;
+    /// What is left once that was removed, likewise.
+    QString leftover;
 
     bool operator==(const BrowserCompanion&) const = default;
 };

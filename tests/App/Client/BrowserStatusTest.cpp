@@ -18,7 +18,8 @@ BrowserCompanion chromium(State state = State::setUp) {
             .state = state,
             .processes = {u"chromium"_s, u"chromium-browser"_s},
             .obstacle = std::nullopt,
-            .remainder = u"wave at it"_s};
+            .remainder = u"wave at it"_s,
+            .leftover = {}};
 }
 
 BrowserCompanion snapOfFirefox() {
@@ -27,7 +28,8 @@ BrowserCompanion snapOfFirefox() {
             .state = State::notSetUp,
             .processes = {u"firefox"_s},
             .obstacle = u"it is a Snap"_s,
-            .remainder = u"wave at it"_s};
+            .remainder = u"wave at it"_s,
+            .leftover = {}};
 }
 
 QString stateColumn(const BrowserStatus& browser) {

@@ -4,7 +4,7 @@
 #include "Platform/Linux/BrowserSetup/KnownBrowsers.h"
 
 #include <QDir>
-#include <QFileInfo>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -38,6 +38,11 @@ State stateOf(const CompanionFiles& files) {
 
 QString sandboxed(const QString& kind) {
     return u"it is installed as a %1, whose sandbox starts no program outside of it"_s.arg(kind);
+}
+
+std::optional<QByteArray> contentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
 }
 
 bool calls(const QString& text, const QString& name) {
@@ -91,7 +96,8 @@ BrowserCompanion BrowserSetup::companion(const KnownBrowser& browser) const {
             .state = stateOf(filesOf(browser)),
             .processes = browser.processes,
             .obstacle = obstacle(browser),
-            .remainder = remainder(browser)};
+            .remainder = remainder(browser),
+            .leftover = leftover(browser)};
 }
 
 std::optional<QString> BrowserSetup::obstacle(const KnownBrowser& browser) const {
@@ -130,25 +136,39 @@ CompanionFiles BrowserSetup::filesOf(const KnownBrowser& browser) const {
 }
 
 QString BrowserSetup::remainder(const KnownBrowser& browser) const {
-    const BrowserParts& parts = m_environment.parts;
     if (browser.family == KnownBrowser::Family::firefox)
-        return hasFirefoxAddOn()
-                   ? QString()
-                   : u"add the extension once, for all users of this computer: sudo install -D "
-                     u"-m 644 %1 '%2/%3'"_s.arg(parts.firefoxPackage(),
-                                                m_environment.firefoxAddOns.value(0), addOnName());
+        return hasFirefoxAddOn() ? QString() : howToAddToFirefox();
     if (browser.experience == KnownBrowser::Experience::tried)
         return {};
     return u"untried with this browser: should it not have the extension Tolvar when it was "
            u"started anew, switch on “Developer mode” on its page of extensions and load the "
-           u"unpacked extension %1"_s.arg(parts.unpackedExtension());
+           u"unpacked extension %1"_s.arg(m_environment.parts.unpackedExtension());
+}
+
+QString BrowserSetup::leftover(const KnownBrowser& browser) const {
+    const bool needsHands = browser.family == KnownBrowser::Family::firefox ||
+                            browser.experience == KnownBrowser::Experience::untried;
+    return needsHands
+               ? u"if you added the extension by hand, remove it likewise, on its page of extensions"_s
+               : QString();
+}
+
+/// Mozilla's builds take only what Mozilla signed. Debian's take what an administrator put into the
+/// system's folder, and what people install after they switched the signatures off.
+QString BrowserSetup::howToAddToFirefox() const {
+    const QString package = m_environment.parts.firefoxPackage();
+    const QString place = m_environment.firefoxAddOns.value(0) + u'/' + addOnName();
+    return u"add the extension once; for all users: sudo install -D -m 644 '%1' '%2'; or for "
+           u"yourself: set xpinstall.signatures.required to false on the page about:config, then "
+           u"install %1 from file on the page about:addons"_s.arg(package, place);
 }
 
 bool BrowserSetup::hasFirefoxAddOn() const {
+    const auto package = contentsOf(m_environment.parts.firefoxPackage());
     const QStringList& folders = m_environment.firefoxAddOns;
-    return std::any_of(folders.begin(), folders.end(), [](const QString& folder) {
-        return QFileInfo(folder + u'/' + addOnName()).isFile();
-    });
+    return package && std::any_of(folders.begin(), folders.end(), [&](const QString& folder) {
+               return contentsOf(folder + u'/' + addOnName()) == package;
+           });
 }
 
 } // namespace tolvar

@@ -37,6 +37,9 @@ private:
     BrowserCompanion companion(const KnownBrowser& browser) const;
     std::optional<QString> obstacle(const KnownBrowser& browser) const;
     QString remainder(const KnownBrowser& browser) const;
+    QString leftover(const KnownBrowser& browser) const;
+    QString howToAddToFirefox() const;
+    /// Whether the extension of this very Tolvar is there for all users.
     bool hasFirefoxAddOn() const;
 
     Environment m_environment;

@@ -32,7 +32,7 @@ protected:
     BrowserSetupTest() {
         putProgram(m_environment.parts.host);
         putFile(m_environment.parts.chromiumPackage());
-        putFile(m_environment.parts.firefoxPackage());
+        putFile(m_environment.parts.firefoxPackage(), "of this version");
         QDir().mkpath(home());
     }
 
@@ -296,7 +296,9 @@ TEST_F(BrowserSetupTest, AsksForTheFirefoxExtensionUntilItIsThere) {
     const std::string left = setup().found().front().remainder.toStdString();
     EXPECT_THAT(left, HasSubstr(m_environment.parts.firefoxPackage().toStdString()));
     EXPECT_THAT(left, HasSubstr(path(u"add-ons/browser@tolvar.app.xpi"_s).toStdString()));
-    putFile(path(u"more add-ons/browser@tolvar.app.xpi"_s));
+    putFile(path(u"more add-ons/browser@tolvar.app.xpi"_s), "of another version");
+    EXPECT_EQ(setup().found().front().remainder.toStdString(), left);
+    putFile(path(u"more add-ons/browser@tolvar.app.xpi"_s), "of this version");
     EXPECT_EQ(setup().found().front().remainder, QString());
 }
 
