@@ -2,13 +2,13 @@
 
 import itertools
 import json
-import os
+import shutil
 import socket
 
-from browser import BLANK, Browser, Commit
+from browser import BLANK, EXTENSION, Browser, Commit, write_native_manifest
 from support import PATIENCE_SECONDS, wait_until
 
-EXTENSION = "browser@tolvar.app"
+EXTENSION_ID = "browser@tolvar.app"
 
 # Every script finds these.
 PRELUDE = """
@@ -86,6 +86,7 @@ class Firefox(Browser):
 
     def __init__(self, websites, home):
         super().__init__()
+        self._home = home
         self._profile = home / "profile"
         self._profile.mkdir()
         (self._profile / "user.js").write_text("".join(
@@ -93,9 +94,12 @@ class Firefox(Browser):
             for name, value in preferences(websites.port).items()))
         self._marionette = None
 
-    @property
-    def profile(self):
-        return self._profile
+    def install(self):
+        write_native_manifest(self._home / ".mozilla" / "native-messaging-hosts",
+                              allowed_extensions=[EXTENSION_ID])
+        extensions = self._profile / "extensions"
+        extensions.mkdir()
+        shutil.copy(EXTENSION / "tolvar.xpi", extensions / f"{EXTENSION_ID}.xpi")
 
     def start(self):
         port_file = self._profile / "MarionetteActivePort"
@@ -140,9 +144,12 @@ class Firefox(Browser):
     def stay_on_page(self):
         self._run(QUESTIONS + "questions()[0].ui.button1.click()")
 
+    def leave_page(self):
+        self._run(QUESTIONS + "questions()[0].ui.button0.click()")
+
     def allow_private(self, allowed):
         """As the switch on the extension's page does it."""
-        self._run(ALLOW_PRIVATE, EXTENSION, allowed, method="WebDriver:ExecuteAsyncScript")
+        self._run(ALLOW_PRIVATE, EXTENSION_ID, allowed, method="WebDriver:ExecuteAsyncScript")
 
     def _run(self, script, *arguments, method="WebDriver:ExecuteScript"):
         return self._marionette.call(method, script=PRELUDE + script, args=arguments)["value"]
