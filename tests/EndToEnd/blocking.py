@@ -7,7 +7,7 @@ from pathlib import Path
 
 from browser import BLANK, Home
 from support import WINDOW_MANAGER, Alerts, Program, Windows, wait_until
-from websites import Websites, clingy, link, redirect, stateful
+from websites import DRAWN, Websites, clingy, link, redirect, stateful
 
 BLOCKED = "distraction.example"
 PAGE = f"http://{BLOCKED}/"
@@ -95,7 +95,9 @@ class Blocking:
 
     def visit_and_click(self, url):
         self.browser.visit(self.tab, url)
-        wait_until("the page is shown", lambda: self.browser.url(self.tab) == url)
+        window = self.browser.window()
+        wait_until("the page is drawn", lambda: self.browser.url(self.tab) == url
+                   and self.browser.windows.title(window).startswith(DRAWN))
         self.browser.click_page()
 
     def test_a_redirect_is_blocked(self):

@@ -126,22 +126,24 @@ class Chromium(Browser):
         self._sessions[tab] = session
         self._tools.send("Page.enable", session)
         self._tools.send("Page.getFrameTree", session).add_done_callback(add_present)
+        self._tools.send("Runtime.runIfWaitingForDebugger", session)
 
     def _add_commit(self, tab, url):
         self._commits.append(Commit(time.monotonic(), tab, url))
 
     def tabs(self):
-        """What the list of targets calls their addresses is where they are on their way to."""
+        """Those that the debugger has; what the list of targets calls an address is where a tab is on
+        its way to."""
         shown = {commit.tab: commit.url for commit in self._commits}
         targets = self._tools.call("Target.getTargets")["targetInfos"]
-        return {target["targetId"]: shown.get(target["targetId"]) for target in targets
-                if target["type"] == "page"}
+        return {target["targetId"]: shown[target["targetId"]] for target in targets
+                if target["type"] == "page" and target["targetId"] in shown}
 
     def commits(self):
         return list(self._commits)
 
     def visit(self, tab, url):
-        self._tools.send("Page.navigate", self._session(tab), url=url)
+        self._tools.send("Page.navigate", self._sessions[tab], url=url)
 
     def open_tab(self, url, in_front=True):
         return self._open(url, background=not in_front)
@@ -171,20 +173,18 @@ class Chromium(Browser):
             chrome.developerPrivate.updateExtensionConfiguration(
                 {extensionId: extension.id, incognitoAccess: ALLOWED}))"""
         wait_until("the extension's page is there", lambda: self._tools.call(
-            "Runtime.evaluate", self._session(settings),
+            "Runtime.evaluate", self._sessions[settings],
             expression="chrome.developerPrivate !== undefined")["result"].get("value"))
-        told = self._tools.call("Runtime.evaluate", self._session(settings), awaitPromise=True,
+        told = self._tools.call("Runtime.evaluate", self._sessions[settings], awaitPromise=True, userGesture=True,
                                 expression=switch.replace("ALLOWED", json.dumps(allowed)))
         if "exceptionDetails" in told:
             raise AssertionError(told["exceptionDetails"])
         self.close(settings)
 
     def _open(self, url, **where):
-        return self._tools.call("Target.createTarget", url=url, **where)["targetId"]
-
-    def _session(self, tab):
-        wait_until("the debugger has the tab", lambda: tab in self._sessions)
-        return self._sessions[tab]
+        tab = self._tools.call("Target.createTarget", url=url, **where)["targetId"]
+        wait_until("the debugger has the tab", lambda: tab in self.tabs())
+        return tab
 
 
 def extension_id(key):

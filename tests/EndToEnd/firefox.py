@@ -17,7 +17,8 @@ const tabs = () => windows().flatMap(w => w.gBrowser.tabs);
 const tabOf = id => tabs().find(tab => tab.linkedBrowser.browserId === id);
 const front = () => Services.wm.getMostRecentWindow("navigator:browser");
 const principal = Services.scriptSecurityManager.getSystemPrincipal();
-const memory = ChromeUtils.importESModule("resource://gre/modules/AddonManager.sys.mjs").AddonManager;
+const {NavigableManager: memory} =
+    ChromeUtils.importESModule("chrome://remote/content/shared/NavigableManager.sys.mjs");
 """
 
 # Keeps a journal of what all tabs show, and keeps Marionette from answering "Leave page?" itself.
@@ -38,15 +39,16 @@ for (const topic of ["common-dialog-loaded", "domwindowopened"])
 ALLOW_PRIVATE = """
 const {ExtensionPermissions} =
     ChromeUtils.importESModule("resource://gre/modules/ExtensionPermissions.sys.mjs");
+const {AddonManager} = ChromeUtils.importESModule("resource://gre/modules/AddonManager.sys.mjs");
 const [id, allowed, done] = arguments;
 const permission = {permissions: ["internal:privateBrowsingAllowed"], origins: []};
 ExtensionPermissions[allowed ? "add" : "remove"](id, permission)
-    .then(() => memory.getAddonByID(id)).then(addon => addon.reload()).then(() => done(true));
+    .then(() => AddonManager.getAddonByID(id)).then(addon => addon.reload()).then(() => done(true));
 """
 
 QUESTIONS = """
 const questions = () => windows().flatMap(w => w.gBrowser.tabs)
-    .flatMap(tab => front().gBrowser.constructor && tab.ownerGlobal.gBrowser
+    .flatMap(tab => front().gBrowser.constructor && tab.ownerDocument.defaultView.gBrowser
         .getTabDialogBox(tab.linkedBrowser).getContentDialogManager()._dialogs)
     .map(dialog => dialog.frameContentWindow?.Dialog).filter(dialog => dialog?.ui?.button1);
 """
@@ -125,18 +127,18 @@ class Firefox(Browser):
                   "{triggeringPrincipal: principal})", tab, url)
 
     def open_tab(self, url, in_front=True):
-        return self._run("return front().gBrowser.addTab(arguments[0], {triggeringPrincipal: principal,"
-                         " inBackground: !arguments[1]}).linkedBrowser.browserId", url, in_front)
+        return self._run("return windows()[0].gBrowser.addTab(arguments[0], {triggeringPrincipal:"
+                         " principal, inBackground: !arguments[1]}).linkedBrowser.browserId", url, in_front)
 
     def open_window(self, url):
         return self.open_by(lambda: self._run("front().openTrustedLinkIn(arguments[0], 'window')", url))
 
     def show(self, tab):
-        self._run("const tab = tabOf(arguments[0]); tab.ownerGlobal.gBrowser.selectedTab = tab", tab)
+        self._run("const tab = tabOf(arguments[0]); tab.ownerDocument.defaultView.gBrowser.selectedTab = tab", tab)
 
     def close(self, tab):
         self._run("const tab = tabOf(arguments[0]); "
-                  "tab.ownerGlobal.gBrowser.removeTab(tab, {skipPermitUnload: true})", tab)
+                  "tab.ownerDocument.defaultView.gBrowser.removeTab(tab, {skipPermitUnload: true})", tab)
 
     def asks_before_leaving(self):
         return self._run(QUESTIONS + "return questions().length > 0")
