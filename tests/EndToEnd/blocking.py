@@ -7,7 +7,7 @@ from pathlib import Path
 
 from browser import BLANK, Home
 from support import WINDOW_MANAGER, Alerts, Program, Windows, wait_until
-from websites import Websites, clingy, link, redirect, stateful
+from websites import DRAWN, Websites, clingy, link, redirect, stateful
 
 BLOCKED = "distraction.example"
 PAGE = f"http://{BLOCKED}/"
@@ -31,8 +31,9 @@ class Blocking:
         cls.addClassCleanup(cls.program.end)
         cls.browser = cls.make_browser()
         cls.addClassCleanup(cls.browser.end)
-        cls.program.tell("browsers", "setup", cls.browser.NAME)
+        cls.browser.install()
         cls.program.start()
+        cls.alerts = Alerts(Windows())
         cls.browser.start()
         cls.wait_for_connection()
 
@@ -42,7 +43,6 @@ class Blocking:
                    lambda: cls.browser.NAME in cls.program.tell("browsers").split())
 
     def setUp(self):
-        self.alerts = Alerts(Windows())
         self.tab = self.browser.start_over()
         self.addCleanup(self.alerts.dismiss)
 
@@ -75,6 +75,10 @@ class Blocking:
             time.sleep(0.05)
         self.assertIsNone(self.alerts.text())
 
+    def assert_told(self):
+        self.alerts.wait_for(BLOCKED)
+        self.alerts.dismiss()
+
     def shown(self):
         return [(commit.tab, commit.url) for commit in self.browser.commits()]
 
@@ -82,7 +86,7 @@ class Blocking:
         self.focus()
         self.browser.type_address(BLOCKED)
         self.assert_blocked_on_the_way()
-        self.alerts.wait_for(BLOCKED)
+        self.assert_told()
 
     def test_a_link_is_blocked(self):
         self.focus()
@@ -91,7 +95,9 @@ class Blocking:
 
     def visit_and_click(self, url):
         self.browser.visit(self.tab, url)
-        wait_until("the page is shown", lambda: self.browser.url(self.tab) == url)
+        window = self.browser.window()
+        wait_until("the page is drawn", lambda: self.browser.url(self.tab) == url
+                   and self.browser.windows.title(window).startswith(DRAWN))
         self.browser.click_page()
 
     def test_a_redirect_is_blocked(self):
@@ -127,7 +133,7 @@ class Blocking:
         self.assert_stays(PAGE, tab)
         self.browser.show(tab)
         self.assert_goes_blank(tab)
-        self.alerts.wait_for(BLOCKED)
+        self.assert_told()
 
     def test_both_of_two_windows_are_blocked_and_one_alert_tells(self):
         self.browser.visit(self.tab, PAGE)
@@ -137,8 +143,7 @@ class Blocking:
         self.focus()
         self.assert_goes_blank()
         self.assert_goes_blank(other)
-        self.alerts.wait_for(BLOCKED)
-        self.alerts.dismiss()
+        self.assert_told()
         self.assert_let_alone({self.tab: BLANK, other: BLANK})
 
     def test_hosts_below_a_blocked_one_are_blocked_and_those_that_look_like_it_are_not(self):
@@ -146,7 +151,7 @@ class Blocking:
         for url in (f"http://m.{BLOCKED}/", f"http://www.{BLOCKED}/a?b#c"):
             self.browser.visit(self.tab, url)
             self.assert_blocked_on_the_way(url)
-            self.alerts.dismiss()
+            self.assert_told()
         pages = {}
         for url in (f"http://not{BLOCKED}/", f"http://{BLOCKED}.work.example/", WORK + BLOCKED):
             pages[self.browser.open_window(url)] = url
@@ -164,7 +169,7 @@ class Blocking:
         wait_until("it is shown", lambda: self.browser.url(self.tab) == PAGE)
         self.focus()
         self.assert_goes_blank()
-        self.alerts.wait_for(BLOCKED)
+        self.assert_told()
 
     def test_pages_are_let_alone_in_a_pause_and_after_the_end(self):
         self.focus()
@@ -173,7 +178,7 @@ class Blocking:
         self.assert_stays(PAGE)
         self.program.tell("resume")
         self.assert_goes_blank()
-        self.alerts.dismiss()
+        self.assert_told()
         self.program.tell("stop")
         self.browser.visit(self.tab, PAGE)
         self.assert_stays(PAGE)
@@ -183,8 +188,7 @@ class Blocking:
         self.visit_and_click(url)
         self.focus()
         self.wait_for_the_question()
-        self.alerts.wait_for(BLOCKED)
-        self.alerts.dismiss()
+        self.assert_told()
         self.browser.stay_on_page()
         self.wait_for_the_question()
         self.assertEqual(self.browser.url(self.tab), url)
@@ -214,7 +218,6 @@ class Blocking:
         took = []
         while len(took) < VISITS and sum(map(in_time, took)) < MOST_VISITS:
             took.append(self.seconds_until_blank(f"{PAGE}{len(took)}"))
-            self.alerts.dismiss()
         self.assertGreaterEqual(sum(map(in_time, took)), MOST_VISITS, took)
 
     def seconds_until_blank(self, url):
@@ -235,7 +238,7 @@ class Blocking:
                 url = f"{PAGE}{kill.__name__}"
                 self.browser.visit(self.tab, url)
                 self.assert_blocked_on_the_way(url)
-                self.alerts.dismiss()
+                self.assert_told()
 
     def kill_the_host(self):
         [host] = hosts_of(self.browser.process.pid)

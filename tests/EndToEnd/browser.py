@@ -1,5 +1,6 @@
 """What is common to the browsers of the end-to-end tests."""
 
+import json
 import os
 import signal
 import subprocess
@@ -9,7 +10,9 @@ from pathlib import Path
 
 from support import Hands, Windows, wait_until
 
-RESOURCES = Path(os.environ["TOLVAR"]).parent.parent / "share" / "tolvar" / "browser"
+EXTENSION = Path(os.environ["TOLVAR"]).parent.parent / "share" / "tolvar" / "browser"
+NATIVE_HOST = Path(os.environ["TOLVAR"]).parent / "tolvar-browser-host"
+NATIVE_HOST_NAME = "app.tolvar.browser"
 BLANK = "about:blank"
 
 
@@ -50,6 +53,10 @@ class Browser:
 
     # To be said by each browser.
 
+    def install(self):
+        """Makes the extension and the way from it to the program known to the browser."""
+        raise NotImplementedError
+
     def start(self):
         """Runs it and waits until it shows a tab."""
         raise NotImplementedError
@@ -85,6 +92,10 @@ class Browser:
 
     def stay_on_page(self):
         """Answers that question."""
+        raise NotImplementedError
+
+    def leave_page(self):
+        """Answers it the other way."""
         raise NotImplementedError
 
     def allow_private(self, allowed):
@@ -156,3 +167,11 @@ class Browser:
     def spawn(self, command, **options):
         self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL, start_new_session=True, **options)
+
+
+def write_native_manifest(folder, **allowed):
+    """Where a browser looks for the programs that an extension may speak to."""
+    folder.mkdir(parents=True)
+    (folder / f"{NATIVE_HOST_NAME}.json").write_text(json.dumps({
+        "name": NATIVE_HOST_NAME, "description": "Tolvar", "type": "stdio",
+        "path": str(NATIVE_HOST), **allowed}))

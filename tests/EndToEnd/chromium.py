@@ -1,6 +1,8 @@
 """Chromium, driven through the pipe that it offers to debuggers (the DevTools protocol)."""
 
+import base64
 import fcntl
+import hashlib
 import itertools
 import json
 import os
@@ -9,7 +11,7 @@ import time
 from concurrent.futures import Future
 from pathlib import Path
 
-from browser import BLANK, Browser, Commit
+from browser import BLANK, EXTENSION, Browser, Commit, write_native_manifest
 from support import PATIENCE_SECONDS, wait_until
 
 
@@ -64,6 +66,17 @@ class Chromium(Browser):
         self._commits = []
         self._asking = set()  # sessions whose page asks before it is left
 
+    def install(self):
+        folder = Path(os.environ["XDG_CONFIG_HOME"]) / "chromium"
+        manifest = json.loads((EXTENSION / "chromium" / "manifest.json").read_text())
+        extension = extension_id(manifest["key"])
+        write_native_manifest(folder / "NativeMessagingHosts",
+                              allowed_origins=[f"chrome-extension://{extension}/"])
+        (folder / "External Extensions").mkdir()
+        (folder / "External Extensions" / f"{extension}.json").write_text(json.dumps({
+            "external_crx": str(EXTENSION / "tolvar.crx"),
+            "external_version": manifest["version"]}))
+
     def start(self):
         self._sessions, self._commits, self._asking = {}, [], set()
         our_end, its_end = self._launch()
@@ -84,34 +97,53 @@ class Chromium(Browser):
             f"--host-resolver-rules=MAP * 127.0.0.1:{self._port}"]
         if os.geteuid() == 0:
             command.append("--no-sandbox")
-        self.spawn(["/bin/sh", "-c", f'exec "$@" 3<&{theirs_in} 4>&{theirs_out}', "sh",
+        self.spawn(["/bin/bash", "-c", f'exec "$@" 3<&{theirs_in} 4>&{theirs_out}', "bash",
                     *command, BLANK], pass_fds=(theirs_in, theirs_out))
         return (ours_in, ours_out), (theirs_in, theirs_out)
 
     def _note(self, event, told, session):
+        if "DEBUG" in os.environ and ("avigat" in event or "Dialog" in event or "tached" in event): print(f"{time.monotonic():.3f} EVENT", event, str(told)[:200], flush=True)
         match event:
             case "Target.attachedToTarget":
-                self._sessions[told["targetInfo"]["targetId"]] = told["sessionId"]
-                self._tools.send("Page.enable", told["sessionId"])
+                self._follow(told["targetInfo"]["targetId"], told["sessionId"])
             case "Page.frameNavigated" if "parentId" not in told["frame"]:
-                self._commits.append(Commit(time.monotonic(), told["frame"]["id"],
-                                            told["frame"]["url"]))
+                frame = told["frame"]
+                self._add_commit(frame["id"], frame["url"] + frame.get("urlFragment", ""))
             case "Page.navigatedWithinDocument":
-                self._commits.append(Commit(time.monotonic(), told["frameId"], told["url"]))
+                self._add_commit(told["frameId"], told["url"])
             case "Page.javascriptDialogOpening":
                 self._asking.add(session)
             case "Page.javascriptDialogClosed":
                 self._asking.discard(session)
 
+    def _follow(self, tab, session):
+        """Knows of all that the tab shows from now on, and of what it shows already."""
+        def add_present(answer):
+            if "result" in answer.result():
+                frame = answer.result()["result"]["frameTree"]["frame"]
+                self._add_commit(tab, frame["url"] + frame.get("urlFragment", ""))
+
+        self._sessions[tab] = session
+        self._tools.send("Page.enable", session)
+        self._tools.send("Page.getFrameTree", session).add_done_callback(add_present)
+        self._tools.send("Runtime.runIfWaitingForDebugger", session)
+
+    def _add_commit(self, tab, url):
+        self._commits.append(Commit(time.monotonic(), tab, url))
+
     def tabs(self):
+        """Those that the debugger has; what the list of targets calls an address is where a tab is on
+        its way to."""
+        shown = {commit.tab: commit.url for commit in self._commits}
         targets = self._tools.call("Target.getTargets")["targetInfos"]
-        return {target["targetId"]: target["url"] for target in targets if target["type"] == "page"}
+        return {target["targetId"]: shown[target["targetId"]] for target in targets
+                if target["type"] == "page" and target["targetId"] in shown}
 
     def commits(self):
         return list(self._commits)
 
     def visit(self, tab, url):
-        self._tools.send("Page.navigate", self._session(tab), url=url)
+        self._tools.send("Page.navigate", self._sessions[tab], url=url)
 
     def open_tab(self, url, in_front=True):
         return self._open(url, background=not in_front)
@@ -131,6 +163,9 @@ class Chromium(Browser):
     def stay_on_page(self):
         self._tools.call("Page.handleJavaScriptDialog", next(iter(self._asking)), accept=False)
 
+    def leave_page(self):
+        self._tools.call("Page.handleJavaScriptDialog", next(iter(self._asking)), accept=True)
+
     def allow_private(self, allowed):
         """By the switch on the extension's page."""
         settings = self.open_tab("chrome://extensions")
@@ -138,20 +173,24 @@ class Chromium(Browser):
             chrome.developerPrivate.updateExtensionConfiguration(
                 {extensionId: extension.id, incognitoAccess: ALLOWED}))"""
         wait_until("the extension's page is there", lambda: self._tools.call(
-            "Runtime.evaluate", self._session(settings),
+            "Runtime.evaluate", self._sessions[settings],
             expression="chrome.developerPrivate !== undefined")["result"].get("value"))
-        told = self._tools.call("Runtime.evaluate", self._session(settings), awaitPromise=True,
+        told = self._tools.call("Runtime.evaluate", self._sessions[settings], awaitPromise=True, userGesture=True,
                                 expression=switch.replace("ALLOWED", json.dumps(allowed)))
         if "exceptionDetails" in told:
             raise AssertionError(told["exceptionDetails"])
         self.close(settings)
 
     def _open(self, url, **where):
-        return self._tools.call("Target.createTarget", url=url, **where)["targetId"]
+        tab = self._tools.call("Target.createTarget", url=url, **where)["targetId"]
+        wait_until("the debugger has the tab", lambda: tab in self.tabs())
+        return tab
 
-    def _session(self, tab):
-        wait_until("the debugger has the tab", lambda: tab in self._sessions)
-        return self._sessions[tab]
+
+def extension_id(key):
+    """How Chromium calls the extension of that public key."""
+    digits = hashlib.sha256(base64.b64decode(key)).hexdigest()[:32]
+    return "".join("abcdefghijklmnop"[int(digit, 16)] for digit in digits)
 
 
 def out_of_the_way(descriptor):

@@ -2,13 +2,13 @@
 
 import itertools
 import json
-import os
+import shutil
 import socket
 
-from browser import BLANK, Browser, Commit
+from browser import BLANK, EXTENSION, Browser, Commit, write_native_manifest
 from support import PATIENCE_SECONDS, wait_until
 
-EXTENSION = "browser@tolvar.app"
+EXTENSION_ID = "browser@tolvar.app"
 
 # Every script finds these.
 PRELUDE = """
@@ -17,7 +17,8 @@ const tabs = () => windows().flatMap(w => w.gBrowser.tabs);
 const tabOf = id => tabs().find(tab => tab.linkedBrowser.browserId === id);
 const front = () => Services.wm.getMostRecentWindow("navigator:browser");
 const principal = Services.scriptSecurityManager.getSystemPrincipal();
-const memory = ChromeUtils.importESModule("resource://gre/modules/AddonManager.sys.mjs").AddonManager;
+const {NavigableManager: memory} =
+    ChromeUtils.importESModule("chrome://remote/content/shared/NavigableManager.sys.mjs");
 """
 
 # Keeps a journal of what all tabs show, and keeps Marionette from answering "Leave page?" itself.
@@ -38,15 +39,16 @@ for (const topic of ["common-dialog-loaded", "domwindowopened"])
 ALLOW_PRIVATE = """
 const {ExtensionPermissions} =
     ChromeUtils.importESModule("resource://gre/modules/ExtensionPermissions.sys.mjs");
+const {AddonManager} = ChromeUtils.importESModule("resource://gre/modules/AddonManager.sys.mjs");
 const [id, allowed, done] = arguments;
 const permission = {permissions: ["internal:privateBrowsingAllowed"], origins: []};
 ExtensionPermissions[allowed ? "add" : "remove"](id, permission)
-    .then(() => memory.getAddonByID(id)).then(addon => addon.reload()).then(() => done(true));
+    .then(() => AddonManager.getAddonByID(id)).then(addon => addon.reload()).then(() => done(true));
 """
 
 QUESTIONS = """
 const questions = () => windows().flatMap(w => w.gBrowser.tabs)
-    .flatMap(tab => front().gBrowser.constructor && tab.ownerGlobal.gBrowser
+    .flatMap(tab => front().gBrowser.constructor && tab.ownerDocument.defaultView.gBrowser
         .getTabDialogBox(tab.linkedBrowser).getContentDialogManager()._dialogs)
     .map(dialog => dialog.frameContentWindow?.Dialog).filter(dialog => dialog?.ui?.button1);
 """
@@ -86,6 +88,7 @@ class Firefox(Browser):
 
     def __init__(self, websites, home):
         super().__init__()
+        self._home = home
         self._profile = home / "profile"
         self._profile.mkdir()
         (self._profile / "user.js").write_text("".join(
@@ -93,9 +96,12 @@ class Firefox(Browser):
             for name, value in preferences(websites.port).items()))
         self._marionette = None
 
-    @property
-    def profile(self):
-        return self._profile
+    def install(self):
+        write_native_manifest(self._home / ".mozilla" / "native-messaging-hosts",
+                              allowed_extensions=[EXTENSION_ID])
+        extensions = self._profile / "extensions"
+        extensions.mkdir()
+        shutil.copy(EXTENSION / "tolvar.xpi", extensions / f"{EXTENSION_ID}.xpi")
 
     def start(self):
         port_file = self._profile / "MarionetteActivePort"
@@ -121,18 +127,18 @@ class Firefox(Browser):
                   "{triggeringPrincipal: principal})", tab, url)
 
     def open_tab(self, url, in_front=True):
-        return self._run("return front().gBrowser.addTab(arguments[0], {triggeringPrincipal: principal,"
-                         " inBackground: !arguments[1]}).linkedBrowser.browserId", url, in_front)
+        return self._run("return windows()[0].gBrowser.addTab(arguments[0], {triggeringPrincipal:"
+                         " principal, inBackground: !arguments[1]}).linkedBrowser.browserId", url, in_front)
 
     def open_window(self, url):
         return self.open_by(lambda: self._run("front().openTrustedLinkIn(arguments[0], 'window')", url))
 
     def show(self, tab):
-        self._run("const tab = tabOf(arguments[0]); tab.ownerGlobal.gBrowser.selectedTab = tab", tab)
+        self._run("const tab = tabOf(arguments[0]); tab.ownerDocument.defaultView.gBrowser.selectedTab = tab", tab)
 
     def close(self, tab):
         self._run("const tab = tabOf(arguments[0]); "
-                  "tab.ownerGlobal.gBrowser.removeTab(tab, {skipPermitUnload: true})", tab)
+                  "tab.ownerDocument.defaultView.gBrowser.removeTab(tab, {skipPermitUnload: true})", tab)
 
     def asks_before_leaving(self):
         return self._run(QUESTIONS + "return questions().length > 0")
@@ -140,9 +146,12 @@ class Firefox(Browser):
     def stay_on_page(self):
         self._run(QUESTIONS + "questions()[0].ui.button1.click()")
 
+    def leave_page(self):
+        self._run(QUESTIONS + "questions()[0].ui.button0.click()")
+
     def allow_private(self, allowed):
         """As the switch on the extension's page does it."""
-        self._run(ALLOW_PRIVATE, EXTENSION, allowed, method="WebDriver:ExecuteAsyncScript")
+        self._run(ALLOW_PRIVATE, EXTENSION_ID, allowed, method="WebDriver:ExecuteAsyncScript")
 
     def _run(self, script, *arguments, method="WebDriver:ExecuteScript"):
         return self._marionette.call(method, script=PRELUDE + script, args=arguments)["value"]

@@ -222,7 +222,7 @@ class Alerts:
         """By the key for that, when there is one."""
         if window := self._window():
             self._windows.activate(window)
-            wait_until("the alert has the keyboard", lambda: self._windows.has_keyboard(window))
+            wait_until("the alert has the keyboard", lambda: self._windows.active() == window)
             self._hands.press("Escape")
             wait_until("the alert is gone", lambda: not self._window())
 

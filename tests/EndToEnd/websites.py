@@ -51,6 +51,10 @@ CLICKS = {
 }
 
 
+DRAWN = "This page is drawn"
+WHEN_DRAWN = f"requestAnimationFrame(() => setTimeout(() => document.title = '{DRAWN}'))"
+
+
 class Visit(BaseHTTPRequestHandler):
     protocol_version = "HTTP/1.1"
 
@@ -79,5 +83,5 @@ class Visit(BaseHTTPRequestHandler):
 
 def page(host, on_click, target):
     action = escape(on_click.format(to=target))
-    return (f"<!doctype html><title>{escape(host)}</title><body onclick=\"{action}\" "
+    return (f"<!doctype html><body onclick=\"{action}\" onload=\"{WHEN_DRAWN}\" "
             f"style='margin:0;height:100vh;background:seagreen;color:white'><h1>{escape(host)}</h1>")
