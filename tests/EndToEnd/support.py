@@ -187,6 +187,50 @@ class Hands:
             xtest.fake_input(self._display, X.KeyRelease, code)
         self._display.sync()
 
+    def press_together(self, *names):
+        """The last key while those before it are held."""
+        codes = [self._display.keysym_to_keycode(XK.string_to_keysym(name)) for name in names]
+        for code in codes:
+            xtest.fake_input(self._display, X.KeyPress, code)
+        for code in reversed(codes):
+            xtest.fake_input(self._display, X.KeyRelease, code)
+        self._display.sync()
+
+    def write(self, text):
+        """Small letters, digits, dots and slashes."""
+        names = {".": "period", "/": "slash", "-": "minus"}
+        self.press(*(names.get(letter, letter) for letter in text))
+
+
+class Alerts:
+    """The window that says that something was blocked."""
+
+    def __init__(self, windows):
+        self._windows = windows
+        self._hands = Hands()
+
+    def text(self):
+        """What it says; nothing while there is none."""
+        window = self._window()
+        return window and self._windows.title(window)
+
+    def wait_for(self, name):
+        wait_until(f"an alert of {name}",
+                   lambda: self.text() == f"You're tolvar, {name} is blocked")
+
+    def dismiss(self):
+        """By the key for that, when there is one."""
+        if window := self._window():
+            self._windows.activate(window)
+            wait_until("the alert has the keyboard", lambda: self._windows.active() == window)
+            self._hands.press("Escape")
+            wait_until("the alert is gone", lambda: not self._window())
+
+    def _window(self):
+        return next((window for window in self._windows.ids("tolvar")
+                     if self._windows.title(window).startswith("You're tolvar,")
+                     and self._windows.is_in_view(window)), None)
+
 
 class Notifications:
     """What dunst shows and has shown."""

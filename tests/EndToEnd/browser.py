@@ -1,0 +1,177 @@
+"""What is common to the browsers of the end-to-end tests."""
+
+import json
+import os
+import signal
+import subprocess
+import tempfile
+from dataclasses import dataclass
+from pathlib import Path
+
+from support import Hands, Windows, wait_until
+
+EXTENSION = Path(os.environ["TOLVAR"]).parent.parent / "share" / "tolvar" / "browser"
+NATIVE_HOST = Path(os.environ["TOLVAR"]).parent / "tolvar-browser-host"
+NATIVE_HOST_NAME = "app.tolvar.browser"
+BLANK = "about:blank"
+
+
+@dataclass(frozen=True)
+class Commit:
+    """A tab came to show an address."""
+
+    at: float  # seconds of a clock that all commits of a browser share
+    tab: object
+    url: str
+
+
+class Home:
+    """A user's home folder that nothing has been in yet."""
+
+    def __init__(self):
+        self._folder = tempfile.TemporaryDirectory(
+            prefix="home-", dir=Path(os.environ["XDG_RUNTIME_DIR"]).parent,
+            ignore_cleanup_errors=True)
+        self.path = Path(self._folder.name)
+        os.environ["HOME"] = self._folder.name
+
+
+class Browser:
+    """A real browser with a profile of its own. What it shows is what it says itself, through the way
+    that it offers to debuggers; what is done in it is done by keys and pointer where it matters.
+
+    A tab is named by a value that stays while it lives.
+    """
+
+    WINDOW_CLASS = ""
+    NEW_PRIVATE_WINDOW = ()
+
+    def __init__(self):
+        self.process = None
+        self.windows = Windows()
+        self.hands = Hands()
+
+    # To be said by each browser.
+
+    def install(self):
+        """Makes the extension and the way from it to the program known to the browser."""
+        raise NotImplementedError
+
+    def start(self):
+        """Runs it and waits until it shows a tab."""
+        raise NotImplementedError
+
+    def tabs(self):
+        """The address of every tab, in every window, by the tab."""
+        raise NotImplementedError
+
+    def commits(self):
+        """All that was shown since the browser started, oldest first."""
+        raise NotImplementedError
+
+    def visit(self, tab, url):
+        """Has the tab go there, and does not wait for it."""
+        raise NotImplementedError
+
+    def open_tab(self, url, in_front=True):
+        raise NotImplementedError
+
+    def open_window(self, url):
+        raise NotImplementedError
+
+    def show(self, tab):
+        """Brings the tab to the front of its window."""
+        raise NotImplementedError
+
+    def close(self, tab):
+        raise NotImplementedError
+
+    def asks_before_leaving(self):
+        """Whether it asks in some tab whether the page is to be left."""
+        raise NotImplementedError
+
+    def stay_on_page(self):
+        """Answers that question."""
+        raise NotImplementedError
+
+    def leave_page(self):
+        """Answers it the other way."""
+        raise NotImplementedError
+
+    def allow_private(self, allowed):
+        """What the user says about the extension and private windows."""
+        raise NotImplementedError
+
+    # The same for all.
+
+    def kill(self):
+        self.process.send_signal(signal.SIGKILL)
+        self.process.wait()
+        wait_until("its windows are gone", lambda: not self.windows.ids(self.WINDOW_CLASS))
+
+    def end(self):
+        if self.process and self.process.poll() is None:
+            self.kill()
+
+    def url(self, tab):
+        return self.tabs().get(tab)
+
+    def start_over(self):
+        """Leaves one window with one empty tab, which is returned."""
+        kept = self.open_tab(BLANK)
+        for tab in self.tabs():
+            if tab != kept:
+                self.close(tab)
+        wait_until("one tab is left", lambda: list(self.tabs()) == [kept])
+        return kept
+
+    def open_by(self, action):
+        """The tab that comes from an action."""
+        before = set(self.tabs())
+        action()
+        wait_until("a tab opens", lambda: set(self.tabs()) - before)
+        return (set(self.tabs()) - before).pop()
+
+    def window(self):
+        """The window that came last, with the keyboard."""
+        window = self.windows.wait_for(self.WINDOW_CLASS)
+        self.windows.activate(window)
+        wait_until("the browser has the keyboard", lambda: self.windows.active() == window)
+        return window
+
+    def type_address(self, address):
+        """As a user does it: into the field for addresses."""
+        self.window()
+        self.hands.press_together("Control_L", "l")
+        self.hands.write(address)
+        self.hands.press("Return")
+
+    def click_page(self):
+        """In the middle of the window, where the page is."""
+        x, y, width, height = self.windows.place(self.window())
+        self.hands.click(x + width // 2, y + height // 2)
+
+    def go_back(self):
+        self.window()
+        self.hands.press_together("Alt_L", "Left")
+
+    def open_private_window(self):
+        """Returns its tab. A private window never takes the place of another."""
+        others = set(self.windows.ids(self.WINDOW_CLASS))
+        self.window()
+        tab = self.open_by(lambda: self.hands.press_together(*self.NEW_PRIVATE_WINDOW))
+        wait_until("the private window is there",
+                   lambda: set(self.windows.ids(self.WINDOW_CLASS)) - others)
+        return tab
+
+    def spawn(self, command, **options):
+        self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL, start_new_session=True, **options)
+
+
+def write_native_manifest(folder, **allowed):
+    """Where a browser looks for the programs that an extension may speak to."""
+    folder.mkdir(parents=True)
+    (folder / f"{NATIVE_HOST_NAME}.json").write_text(json.dumps({
+        "name": NATIVE_HOST_NAME, "description": "Tolvar", "type": "stdio",
+        "path": str(NATIVE_HOST), **allowed}))
