@@ -118,7 +118,7 @@ std::optional<QString> BrowserSetup::setUp(const QString& id) {
     const KnownBrowser* browser = knownBrowser(id);
     if (browser == nullptr)
         return u"Tolvar does not know it"_s;
-    if (const auto reason = obstacle(*browser))
+    if (auto reason = obstacle(*browser))
         return reason;
     const CompanionFiles files = filesOf(*browser);
     if (const auto missing = files.missingPart())

@@ -63,7 +63,15 @@ int create(const QString& path, const QByteArray& contents) {
     return error;
 }
 
-/// 0, or the error number; what was made before the error stays for `releaseFolders`.
+/// Takes a folder back that got no mark; 0, or the error number.
+int markMade(const QString& folder) {
+    const int error = create(markOf(folder), {});
+    if (error != 0)
+        ::rmdir(QFile::encodeName(folder));
+    return error;
+}
+
+/// 0, or the error number; what was made and marked before the error stays for `releaseFolders`.
 int makeFolder(const QString& path) {
     if (QFileInfo(path).isDir())
         return 0;
@@ -71,7 +79,7 @@ int makeFolder(const QString& path) {
         return error;
     if (::mkdir(QFile::encodeName(path), S_IRWXU) != 0)
         return errno == EEXIST ? 0 : errno;
-    return create(markOf(path), {});
+    return markMade(path);
 }
 
 QStringList namesIn(const QString& folder, QDir::Filters filters) {
