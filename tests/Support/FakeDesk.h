@@ -29,7 +29,8 @@ struct FakeDesk {
                       .shortVersion = QStringLiteral("0.1.0"),
                       .updateFeedUrl = {},
                       .resourcesPath = {},
-                      .executablePath = {}};
+                      .executablePath = {},
+                      .browserHostPath = {}};
     static constexpr qint64 processIdentifier = 42;
 
     FakeDesk() { preferences.registerDefaults(AppSettings::defaults()); }

@@ -115,7 +115,8 @@ private:
                         .updateFeedUrl = {},
                         .resourcesPath =
                             QDir(QApplication::applicationDirPath()).filePath(u"../share/tolvar"_s),
-                        .executablePath = {}};
+                        .executablePath = {},
+                        .browserHostPath = {}};
     FocusManager m_manager{{.preferences = m_preferences,
                             .clock = m_clock,
                             .timers = m_timers,
