@@ -187,7 +187,7 @@ TEST(HostOf, IsFoundInALongUrl) {
 }
 
 TEST(HostOf, IsFoundInLongTextsThatTryEveryTurn) {
-    constexpr int count = 300'000;
+    constexpr int count = 100'000;
     EXPECT_EQ(hostOf(u"http://"_s + QString(count, u'@')), u""_s);
     EXPECT_EQ(hostOf(u"http://"_s + u"@["_s.repeated(count)), u""_s);
     EXPECT_EQ(hostOf(u"http://a:"_s + QString(count, u'1') + u"x"_s), u""_s);

@@ -69,11 +69,10 @@ TEST_F(WebsiteBlocker, LooksAtNothingButTheHost) {
 
 TEST_F(WebsiteBlocker, IsNotHeldUpByAnEndlessHost) {
     const QString manyLabels = u"a."_s.repeated(500'000);
-    browsers.show(u"chrome"_s, {{u"tab1"_s, u"http://"_s + manyLabels + u"org/"_s},
-                                {u"tab2"_s, u"http://"_s + manyLabels + u"example.com/"_s}});
+    browsers.show(u"chrome"_s, {{u"tab1"_s, u"http://"_s + manyLabels + u"example.com/"_s}});
     blocker.blockWebsite(u"example.com"_s);
     EXPECT_EQ(linesOfOnePoll(),
-              texts({u"read chrome", u"redirect chrome: tab2", u"alert site example.com"}));
+              texts({u"read chrome", u"redirect chrome: tab1", u"alert site example.com"}));
 }
 
 TEST_F(WebsiteBlocker, KnowsAnInternationalHostInEverySpelling) {
