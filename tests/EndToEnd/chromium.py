@@ -167,19 +167,23 @@ class Chromium(Browser):
         self._tools.call("Page.handleJavaScriptDialog", next(iter(self._asking)), accept=True)
 
     def allow_private(self, allowed):
-        """By the switch on the extension's page."""
+        """By the switch on the extension's page, which Chromium heeds when it starts."""
         settings = self.open_tab("chrome://extensions")
-        switch = """chrome.developerPrivate.getExtensionsInfo().then(([extension]) =>
+        wait_until("the extension's page is there",
+                   lambda: self._evaluate(settings, "chrome.developerPrivate !== undefined"))
+        self._evaluate(settings, """chrome.developerPrivate.getExtensionsInfo().then(([extension]) =>
             chrome.developerPrivate.updateExtensionConfiguration(
-                {extensionId: extension.id, incognitoAccess: ALLOWED}))"""
-        wait_until("the extension's page is there", lambda: self._tools.call(
-            "Runtime.evaluate", self._sessions[settings],
-            expression="chrome.developerPrivate !== undefined")["result"].get("value"))
-        told = self._tools.call("Runtime.evaluate", self._sessions[settings], awaitPromise=True, userGesture=True,
-                                expression=switch.replace("ALLOWED", json.dumps(allowed)))
+                {extensionId: extension.id, incognitoAccess: %s}))""" % json.dumps(allowed))
+        self._tools.send("Browser.close")
+        self.process.wait(PATIENCE_SECONDS)
+        self.start()
+
+    def _evaluate(self, tab, expression):
+        told = self._tools.call("Runtime.evaluate", self._sessions[tab], expression=expression,
+                                awaitPromise=True, userGesture=True)
         if "exceptionDetails" in told:
             raise AssertionError(told["exceptionDetails"])
-        self.close(settings)
+        return told["result"].get("value")
 
     def _open(self, url, **where):
         tab = self._tools.call("Target.createTarget", url=url, **where)["targetId"]
