@@ -62,6 +62,7 @@ class Chromium(Browser):
         super().__init__()
         self._port = websites.port
         self._tools = None
+        self._extension = ""
         self._sessions = {}  # of the debugger, by tab
         self._commits = []
         self._asking = set()  # sessions whose page asks before it is left
@@ -69,11 +70,11 @@ class Chromium(Browser):
     def install(self):
         folder = Path(os.environ["XDG_CONFIG_HOME"]) / "chromium"
         manifest = json.loads((EXTENSION / "chromium" / "manifest.json").read_text())
-        extension = extension_id(manifest["key"])
+        self._extension = extension_id(manifest["key"])
         write_native_manifest(folder / "NativeMessagingHosts",
-                              allowed_origins=[f"chrome-extension://{extension}/"])
+                              allowed_origins=[f"chrome-extension://{self._extension}/"])
         (folder / "External Extensions").mkdir()
-        (folder / "External Extensions" / f"{extension}.json").write_text(json.dumps({
+        (folder / "External Extensions" / f"{self._extension}.json").write_text(json.dumps({
             "external_crx": str(EXTENSION / "tolvar.crx"),
             "external_version": manifest["version"]}))
 
@@ -167,16 +168,13 @@ class Chromium(Browser):
         self._tools.call("Page.handleJavaScriptDialog", next(iter(self._asking)), accept=True)
 
     def allow_private(self, allowed):
-        """By the switch on the extension's page, which Chromium heeds when it starts."""
+        """As the switch on the extension's page does it."""
         settings = self.open_tab("chrome://extensions")
         wait_until("the extension's page is there",
                    lambda: self._evaluate(settings, "chrome.developerPrivate !== undefined"))
-        self._evaluate(settings, """chrome.developerPrivate.getExtensionsInfo().then(([extension]) =>
-            chrome.developerPrivate.updateExtensionConfiguration(
-                {extensionId: extension.id, incognitoAccess: %s}))""" % json.dumps(allowed))
-        self._tools.send("Browser.close")
-        self.process.wait(PATIENCE_SECONDS)
-        self.start()
+        self._evaluate(settings, "chrome.developerPrivate.updateExtensionConfiguration"
+                       + f"({{extensionId: '{self._extension}', incognitoAccess: {json.dumps(allowed)}}})")
+        self.close(settings)
 
     def _evaluate(self, tab, expression):
         told = self._tools.call("Runtime.evaluate", self._sessions[tab], expression=expression,
