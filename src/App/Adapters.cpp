@@ -3,9 +3,11 @@
 #include "BrowserHost/PrivateFolder.h"
 #include "Platform/Common/CombinedAccessibilitySettings.h"
 #include "Platform/Common/SqlitePreferences.h"
+#include "Platform/Interfaces/BundleInfo.h"
 #include "Platform/Linux/Audio/OpenAlDevice.h"
 #include "Platform/Linux/Audio/WaveFileReader.h"
 #include "Platform/Linux/Browsers/CompanionChannel.h"
+#include "Platform/Linux/BrowserSetup/BrowserSetup.h"
 #include "Platform/Linux/DBus/PortalAccessibilitySettings.h"
 #include "Platform/Linux/Desktop/DesktopEntries.h"
 #include "Platform/Linux/Desktop/XdgIconThemeSettings.h"
@@ -88,6 +90,11 @@ std::unique_ptr<AudioDevice> Adapters::audioDevice() {
 
 std::unique_ptr<AudioFileReader> Adapters::audioFileReader() {
     return std::make_unique<WaveFileReader>();
+}
+
+std::unique_ptr<BrowserCompanions> Adapters::browserCompanions(const BundleInfo& bundle) {
+    return std::make_unique<BrowserSetup>(BrowserSetup::ofThisUser(
+        {.host = bundle.browserHostPath, .extensions = bundle.resourcesPath + u"/browser"_s}));
 }
 
 } // namespace tolvar

@@ -11,6 +11,7 @@ class AccessibilitySettings;
 class AudioDevice;
 class AudioFileReader;
 class BrowserChannel;
+class BrowserCompanions;
 class IconThemeSettings;
 class InstalledApplications;
 class PanelWindows;
@@ -19,6 +20,7 @@ class Preferences;
 class SystemLog;
 class TimerService;
 class Workspace;
+struct BundleInfo;
 
 /// The real things behind the interfaces, as far as this desktop has them; else null objects.
 namespace Adapters {
@@ -42,6 +44,7 @@ std::unique_ptr<AccessibilitySettings> accessibilitySettings(const QDBusConnecti
 /// Opens nothing before it is started. To be called on the main thread.
 std::unique_ptr<AudioDevice> audioDevice();
 std::unique_ptr<AudioFileReader> audioFileReader();
+std::unique_ptr<BrowserCompanions> browserCompanions(const BundleInfo& bundle);
 
 } // namespace Adapters
 } // namespace tolvar

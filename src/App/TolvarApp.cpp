@@ -6,6 +6,7 @@
 #include "App/Client/CommandLine.h"
 #include "App/QuitSignals.h"
 #include "App/SingleInstance.h"
+#include "Platform/Interfaces/BrowserCompanions.h"
 
 #include <QCoreApplication>
 
@@ -32,7 +33,9 @@ ExitStatus TolvarApp::execute(const Command::Any& command) {
 }
 
 ExitStatus TolvarApp::ask(const Command::Any& command) {
-    return Client(m_bus, {m_bundle.executablePath, m_bundle.shortVersion}, m_terminal).run(command);
+    const auto browsers = Adapters::browserCompanions(m_bundle);
+    return Client(m_bus, {m_bundle.executablePath, m_bundle.shortVersion}, *browsers, m_terminal)
+        .run(command);
 }
 
 /// The bus keeps what it receives until the event loop runs, so that whoever sees the name finds

@@ -1,5 +1,6 @@
 #include "App/Client/Client.h"
 
+#include "App/Client/BrowserCommands.h"
 #include "App/Client/CommandLine.h"
 #include "App/Client/Follower.h"
 #include "App/Client/ListFormat.h"
@@ -14,7 +15,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -55,22 +55,13 @@ bool isSilence(QDBusError::ErrorType type) {
            type == QDBusError::TimedOut || type == QDBusError::Disconnected;
 }
 
-/// One element on each line.
-QString jsonText(const QJsonArray& array) {
-    QStringList lines;
-    for (const auto& element : array) {
-        const QByteArray wrapped =
-            QJsonDocument(QJsonArray{element}).toJson(QJsonDocument::Compact);
-        lines.append(QString::fromUtf8(wrapped.mid(1, wrapped.size() - 2)));
-    }
-    return lines.isEmpty() ? u"[]\n"_s : u"[\n"_s + lines.join(u",\n"_s) + u"\n]\n"_s;
-}
-
 } // namespace
 
-Client::Client(const QDBusConnection& bus, Program program, Terminal& terminal)
+Client::Client(const QDBusConnection& bus, Program program, BrowserCompanions& browsers,
+               Terminal& terminal)
     : m_running(bus)
     , m_program(std::move(program))
+    , m_browsers(browsers)
     , m_terminal(terminal) {
     registerRemoteRecords();
 }
@@ -163,6 +154,28 @@ ExitStatus Client::execute(const Command::List& list) {
     });
 }
 
+ExitStatus Client::execute(const Command::Browsers& browsers) {
+    BrowserCommands commands(m_browsers, m_terminal);
+    switch (browsers.what) {
+    case Command::Browsers::What::setUp:
+        return commands.setUp(browsers.name);
+    case Command::Browsers::What::remove:
+        return commands.remove(browsers.name);
+    case Command::Browsers::What::status:
+        return commands.showStatus(browsers.format, connectedBrowsers());
+    }
+    Q_UNREACHABLE();
+}
+
+QStringList Client::connectedBrowsers() const {
+    const auto address = m_running.address();
+    if (!address)
+        return {};
+    QDBusPendingReply<QStringList> browsers = m_running.control(*address)->Browsers();
+    browsers.waitForFinished();
+    return browsers.isValid() ? browsers.value() : QStringList();
+}
+
 ExitStatus Client::execute(const Command::Quit&) {
     return ask([this](const QString& address) {
         const ExitStatus status = settle(m_running.control(address)->Quit());
@@ -240,8 +253,7 @@ ExitStatus Client::showJson(const QJsonArray& array) {
 }
 
 ExitStatus Client::print(const QString& text) {
-    return m_terminal.print(text) == Terminal::Printed::failed ? ExitStatus::notApplicable
-                                                               : ExitStatus::done;
+    return exitStatusOf(m_terminal.print(text));
 }
 
 template<typename Question>

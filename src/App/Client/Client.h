@@ -16,6 +16,8 @@ class QJsonArray;
 
 namespace tolvar {
 
+class BrowserCompanions;
+
 /// Carries out commands by asking the running program, and tells the shell how it went.
 class Client {
 public:
@@ -25,7 +27,9 @@ public:
         QString version;
     };
 
-    Client(const QDBusConnection& bus, Program program, Terminal& terminal);
+    /// `browsers` and `terminal` outlive it.
+    Client(const QDBusConnection& bus, Program program, BrowserCompanions& browsers,
+           Terminal& terminal);
 
     ExitStatus run(const Command::Any& command);
 
@@ -38,6 +42,7 @@ private:
     ExitStatus execute(const Command::Stop& stop);
     ExitStatus execute(const Command::Status& status);
     ExitStatus execute(const Command::List& list);
+    ExitStatus execute(const Command::Browsers& browsers);
     ExitStatus execute(const Command::Quit& quit);
     ExitStatus execute(const Command::Version& version);
     ExitStatus execute(const Command::Help& help);
@@ -45,12 +50,13 @@ private:
     ExitStatus begin(const Command::Start& start, const QString& address);
     ExitStatus showStatus(const QString& address, Command::Status::Format format);
     ExitStatus showHistory(const QString& address, const Command::List& list);
+    /// What the running program is connected to; nothing where none runs or answers.
+    QStringList connectedBrowsers() const;
     ExitStatus showBrowsers(const QString& address, const Command::List& list);
     template<typename Entries, typename Table>
     ExitStatus show(const Entries& entries, const Command::List& list, Table table,
                     const QString& whenEmpty);
     ExitStatus showJson(const QJsonArray& array);
-    /// Output that nobody reads is no failure.
     ExitStatus print(const QString& text);
 
     /// Asks the running program with `question`, a function of its address.
@@ -63,6 +69,7 @@ private:
 
     RunningProgram m_running;
     Program m_program;
+    BrowserCompanions& m_browsers;
     Terminal& m_terminal;
 };
 

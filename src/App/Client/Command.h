@@ -71,6 +71,20 @@ struct List {
     bool operator==(const List&) const = default;
 };
 
+/// What Tolvar puts beside browsers.
+struct Browsers {
+    enum class What { setUp, remove, status };
+    enum class Format { text, json };
+
+    What what = What::status;
+    /// As people call it; absent: all.
+    std::optional<QString> name;
+    /// Of the status.
+    Format format = Format::text;
+
+    bool operator==(const Browsers&) const = default;
+};
+
 struct Quit {
     bool operator==(const Quit&) const = default;
 };
@@ -83,7 +97,7 @@ struct Help {
     bool operator==(const Help&) const = default;
 };
 
-using Any =
-    std::variant<Open, Start, Pause, Resume, Extend, Stop, Status, List, Quit, Version, Help>;
+using Any = std::variant<Open, Start, Pause, Resume, Extend, Stop, Status, List, Browsers, Quit,
+                         Version, Help>;
 
 } // namespace tolvar::Command

@@ -187,6 +187,37 @@ Parsed parseList(const QString& name, const QStringList& rest) {
     return arguments.resultOr(list);
 }
 
+Command::Browsers::What browserDeed(Arguments& arguments, const QString& word) {
+    using What = Command::Browsers::What;
+    if (word == u"setup")
+        return What::setUp;
+    if (word == u"remove")
+        return What::remove;
+    if (word != u"status")
+        arguments.fail(u"browsers takes no %1; try setup, remove or status"_s.arg(quoted(word)));
+    return What::status;
+}
+
+/// Without a further word they are listed like presets and the like.
+Parsed parseBrowsers(const QString& name, const QStringList& rest) {
+    Arguments arguments(name, rest, {flag(u"json"_s)});
+    const QStringList words = arguments.words();
+    if (words.isEmpty())
+        return parseList<Command::List::What::browsers>(name, rest);
+    Command::Browsers browsers;
+    browsers.what = browserDeed(arguments, words.first());
+    const bool isStatus = browsers.what == Command::Browsers::What::status;
+    if (words.size() > (isStatus ? 1 : 2))
+        arguments.fail(u"browsers %1 takes no %2"_s.arg(words.first(), quoted(words.last())));
+    if (arguments.has(u"json"_s) && !isStatus)
+        arguments.fail(u"browsers %1 takes no --json"_s.arg(words.first()));
+    if (words.size() > 1)
+        browsers.name = words.last();
+    if (arguments.has(u"json"_s))
+        browsers.format = Command::Browsers::Format::json;
+    return arguments.resultOr(browsers);
+}
+
 using Parser = Parsed (*)(const QString&, const QStringList&);
 
 Parser parserOf(const QString& name) {
@@ -202,7 +233,7 @@ Parser parserOf(const QString& name) {
         {u"presets"_s, parseList<What::presets>},
         {u"categories"_s, parseList<What::categories>},
         {u"apps"_s, parseList<What::apps>},
-        {u"browsers"_s, parseList<What::browsers>},
+        {u"browsers"_s, parseBrowsers},
         {u"quit"_s, parsePlain<Command::Quit>},
         {u"--version"_s, parsePlain<Command::Version>},
         {u"--help"_s, parsePlain<Command::Help>},
@@ -251,22 +282,31 @@ QString helpText() {
   tolvar presets | categories | apps | browsers [--json]
                                  what can be chosen: presets, block categories, installed
                                  applications; and the running browsers that can be reached
+  tolvar browsers setup [NAME]   let Tolvar see and redirect the tabs of the browsers on this
+                                 computer, or of one; takes effect when the browser starts
+  tolvar browsers remove [NAME]  take that away again without a trace
+  tolvar browsers status [--json]
+                                 the installed browsers: connected, set up, not set up, out of
+                                 date, or why they cannot be reached
   tolvar quit                    end Tolvar; a running session goes on at its next start
   tolvar --version | --help
 
 Lengths are 25m, 1h30m, 90s, or bare seconds. Categories and presets go by their name or id,
 applications by the name people see. Only start and a bare tolvar start Tolvar when it does not
-run. A goal that begins with a dash goes behind --.
+run; browsers setup, remove and status do without it. A goal that begins with a dash goes behind --.
 
 status --json prints one object on a line. "status" is "ready", "focusing" or "paused"; unless it
 is "ready", there are also "goal", "duration", "remaining" and "elapsed" (seconds), "pausesLeft",
 "blockedApps", "blockedWebsites" and "clock"; "pauseRemaining" (seconds until a pause ends by
 itself) is there only when paused.
+browsers status --json prints an array of objects with "browser", "name", "state" ("connected",
+"setUp", "notSetUp", "outOfDate" or "unreachable"), "connected" (a boolean) and, where there is
+something to tell, "reason" (why it is unreachable) and "remainder" (what is left to do).
 While Tolvar does not run, status --follow says so ("status":"off") and waits for it to come.
 
-Exit status: 0 done; 1 it does not apply now, such as pausing without a session, or the output
-cannot be written; 2 the command line is wrong, or names an unknown category or preset; 3 Tolvar
-does not run or does not answer.
+Exit status: 0 done; 1 it does not apply now, such as pausing without a session, a browser could
+not be set up, or the output cannot be written; 2 the command line is wrong, or names an unknown
+category, preset or browser; 3 Tolvar does not run or does not answer.
 )"_s;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "App/Client/Terminal.h"
+
 namespace tolvar {
 
 /// What a command tells the shell.
@@ -12,5 +14,10 @@ enum class ExitStatus {
     /// Tolvar does not run or does not answer.
     unreachable = 3,
 };
+
+/// Output that nobody reads is no failure.
+constexpr ExitStatus exitStatusOf(Terminal::Printed printed) {
+    return printed == Terminal::Printed::failed ? ExitStatus::notApplicable : ExitStatus::done;
+}
 
 } // namespace tolvar

@@ -1,10 +1,14 @@
 #include "App/Client/TextTable.h"
 
+#include <QJsonDocument>
+
 #include <algorithm>
 
 namespace tolvar {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 std::vector<qsizetype> columnWidths(const std::vector<QStringList>& rows) {
     std::vector<qsizetype> widths;
@@ -54,6 +58,16 @@ QString textTable(const std::vector<QStringList>& rows) {
         table += line + u'\n';
     }
     return table;
+}
+
+QString jsonText(const QJsonArray& array) {
+    QStringList lines;
+    for (const auto& element : array) {
+        const QByteArray wrapped =
+            QJsonDocument(QJsonArray{element}).toJson(QJsonDocument::Compact);
+        lines.append(QString::fromUtf8(wrapped.mid(1, wrapped.size() - 2)));
+    }
+    return lines.isEmpty() ? u"[]\n"_s : u"[\n"_s + lines.join(u",\n"_s) + u"\n]\n"_s;
 }
 
 } // namespace tolvar

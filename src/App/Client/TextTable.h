@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonArray>
 #include <QString>
 #include <QStringList>
 
@@ -15,5 +16,8 @@ QString singleLine(const QString& text);
 /// Rows as lines of aligned columns, two spaces apart, each ended by a line feed; the last column
 /// is not padded. Every cell is made a single line. All rows have as many cells as the first.
 QString textTable(const std::vector<QStringList>& rows);
+
+/// The array with one element on each line.
+QString jsonText(const QJsonArray& array);
 
 } // namespace tolvar

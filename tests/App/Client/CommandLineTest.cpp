@@ -171,6 +171,35 @@ TEST(CommandLine, ListsEverythingForPeopleAndForPrograms) {
     }
 }
 
+TEST(CommandLine, SetsUpFreesAndTellsOfBrowsers) {
+    using What = Command::Browsers::What;
+    const std::pair<QString, What> deeds[] = {
+        {u"setup"_s, What::setUp}, {u"remove"_s, What::remove}, {u"status"_s, What::status}};
+    for (const auto& [word, what] : deeds) {
+        const auto all = parsed<Command::Browsers>({u"browsers"_s, word});
+        EXPECT_EQ(all.what, what);
+        EXPECT_EQ(all.name, std::nullopt);
+        EXPECT_EQ(all.format, Command::Browsers::Format::text);
+    }
+    EXPECT_EQ(parsed<Command::Browsers>({u"browsers"_s, u"setup"_s, u"chrome"_s}).name,
+              u"chrome"_s);
+    EXPECT_EQ(parsed<Command::Browsers>({u"browsers"_s, u"remove"_s, u""_s}).name, u""_s);
+    EXPECT_EQ(parsed<Command::Browsers>({u"browsers"_s, u"status"_s, u"--json"_s}).format,
+              Command::Browsers::Format::json);
+}
+
+TEST(CommandLine, RefusesWhatItsCommandsOnBrowsersHaveNoUseFor) {
+    EXPECT_EQ(complaint({u"browsers"_s, u"bogus"_s}),
+              "browsers takes no “bogus”; try setup, remove or status");
+    EXPECT_EQ(complaint({u"browsers"_s, u"status"_s, u"chrome"_s}),
+              "browsers status takes no “chrome”");
+    EXPECT_EQ(complaint({u"browsers"_s, u"setup"_s, u"chrome"_s, u"opera"_s}),
+              "browsers setup takes no “opera”");
+    EXPECT_EQ(complaint({u"browsers"_s, u"setup"_s, u"--json"_s}),
+              "browsers setup takes no --json");
+    EXPECT_EQ(complaint({u"browsers"_s, u"setup"_s, u"--all"_s}), "unknown option 'all'");
+}
+
 TEST(CommandLine, LimitsTheHistoryAlone) {
     EXPECT_EQ(parsed<Command::List>({u"history"_s}).limit, std::nullopt);
     EXPECT_EQ(parsed<Command::List>({u"history"_s, u"--limit"_s, u"10"_s}).limit, 10u);
@@ -198,10 +227,10 @@ TEST(CommandLine, NamesAnOptionThatLacksItsValueOrHasOneTooMany) {
 TEST(CommandLine, DescribesEveryCommandInItsHelp) {
     const std::string help = helpText().toStdString();
     for (const auto* word :
-         {"start",    "pause",      "resume", "extend",     "stop",     "status",    "history",
-          "presets",  "categories", "apps",   "browsers",   "quit",     "--version", "--help",
-          "--for",    "--category", "--app",  "--site",     "--preset", "--json",    "--follow",
-          "--format", "--limit",    "--by",   "Exit status"})
+         {"start",     "pause",      "resume",   "extend",     "stop",  "status",     "history",
+          "presets",   "categories", "apps",     "browsers",   "setup", "remove",     "quit",
+          "--version", "--help",     "--for",    "--category", "--app", "--site",     "--preset",
+          "--json",    "--follow",   "--format", "--limit",    "--by",  "Exit status"})
         EXPECT_THAT(help, HasSubstr(word));
 }
 
