@@ -116,7 +116,7 @@ int removeFolder(const QString& folder) {
 
 /// The lowest folder above the path that there is; takes away drafts of those that are missing.
 QString presentFolderOf(const QString& path) {
-    const QString folder = folderOf(path);
+    QString folder = folderOf(path);
     if (QFileInfo(folder).isDir() || folder == path)
         return folder;
     removeDraftOfFolder(folder);
