@@ -13,8 +13,8 @@ BLOCKED = "distraction.example"
 PAGE = f"http://{BLOCKED}/"
 WORK = "http://work.example/"
 POLL_SECONDS = 2
-# A page that is let alone has seen two polls; the machine may be slow.
-LEFT_ALONE_SECONDS = 2 * POLL_SECONDS + 0.5
+# A page that is let alone has seen a poll.
+LEFT_ALONE_SECONDS = POLL_SECONDS + 0.5
 # Nobody waits for the poll: of so many visits, so many end so soon after the page is shown.
 VISITS, MOST_VISITS, AT_ONCE_SECONDS = 15, 9, 0.5
 
@@ -84,8 +84,9 @@ class Blocking:
 
     def test_a_typed_address_is_blocked(self):
         self.focus()
-        self.browser.type_address(BLOCKED)
-        self.assert_blocked_on_the_way()
+        # Not one that the browser completes from where it has been.
+        self.browser.type_address(f"{BLOCKED}/typed")
+        self.assert_blocked_on_the_way(f"{PAGE}typed")
         self.assert_told()
 
     def test_a_link_is_blocked(self):
@@ -189,13 +190,13 @@ class Blocking:
         self.focus()
         self.wait_for_the_question()
         self.assert_told()
-        self.browser.stay_on_page()
-        self.wait_for_the_question()
-        self.assertEqual(self.browser.url(self.tab), url)
-        self.assert_let_alone({self.tab: url})
-        self.browser.leave_page()
+        if self.browser.WAITS_FOR_ITS_ANSWER:
+            self.browser.stay_on_page()
+            self.wait_for_the_question()
+            self.assert_let_alone({self.tab: url})
+            self.browser.leave_page()
         self.assert_goes_blank()
-        self.assertIsNone(self.alerts.text())
+        self.assert_let_alone({self.tab: BLANK})
 
     def wait_for_the_question(self):
         wait_until("the browser asks whether to leave", self.browser.asks_before_leaving)

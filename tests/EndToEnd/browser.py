@@ -45,6 +45,8 @@ class Browser:
 
     WINDOW_CLASS = ""
     NEW_PRIVATE_WINDOW = ()
+    # Or takes it for a yes when the tab is sent away once more while it asks whether to leave.
+    WAITS_FOR_ITS_ANSWER = True
 
     def __init__(self):
         self.process = None

@@ -62,6 +62,7 @@ class Chromium(Browser):
         super().__init__()
         self._port = websites.port
         self._tools = None
+        self._extension = ""
         self._sessions = {}  # of the debugger, by tab
         self._commits = []
         self._asking = set()  # sessions whose page asks before it is left
@@ -69,11 +70,11 @@ class Chromium(Browser):
     def install(self):
         folder = Path(os.environ["XDG_CONFIG_HOME"]) / "chromium"
         manifest = json.loads((EXTENSION / "chromium" / "manifest.json").read_text())
-        extension = extension_id(manifest["key"])
+        self._extension = extension_id(manifest["key"])
         write_native_manifest(folder / "NativeMessagingHosts",
-                              allowed_origins=[f"chrome-extension://{extension}/"])
+                              allowed_origins=[f"chrome-extension://{self._extension}/"])
         (folder / "External Extensions").mkdir()
-        (folder / "External Extensions" / f"{extension}.json").write_text(json.dumps({
+        (folder / "External Extensions" / f"{self._extension}.json").write_text(json.dumps({
             "external_crx": str(EXTENSION / "tolvar.crx"),
             "external_version": manifest["version"]}))
 
@@ -167,19 +168,20 @@ class Chromium(Browser):
         self._tools.call("Page.handleJavaScriptDialog", next(iter(self._asking)), accept=True)
 
     def allow_private(self, allowed):
-        """By the switch on the extension's page."""
+        """As the switch on the extension's page does it."""
         settings = self.open_tab("chrome://extensions")
-        switch = """chrome.developerPrivate.getExtensionsInfo().then(([extension]) =>
-            chrome.developerPrivate.updateExtensionConfiguration(
-                {extensionId: extension.id, incognitoAccess: ALLOWED}))"""
-        wait_until("the extension's page is there", lambda: self._tools.call(
-            "Runtime.evaluate", self._sessions[settings],
-            expression="chrome.developerPrivate !== undefined")["result"].get("value"))
-        told = self._tools.call("Runtime.evaluate", self._sessions[settings], awaitPromise=True, userGesture=True,
-                                expression=switch.replace("ALLOWED", json.dumps(allowed)))
+        wait_until("the extension's page is there",
+                   lambda: self._evaluate(settings, "chrome.developerPrivate !== undefined"))
+        self._evaluate(settings, "chrome.developerPrivate.updateExtensionConfiguration"
+                       + f"({{extensionId: '{self._extension}', incognitoAccess: {json.dumps(allowed)}}})")
+        self.close(settings)
+
+    def _evaluate(self, tab, expression):
+        told = self._tools.call("Runtime.evaluate", self._sessions[tab], expression=expression,
+                                awaitPromise=True, userGesture=True)
         if "exceptionDetails" in told:
             raise AssertionError(told["exceptionDetails"])
-        self.close(settings)
+        return told["result"].get("value")
 
     def _open(self, url, **where):
         tab = self._tools.call("Target.createTarget", url=url, **where)["targetId"]

@@ -85,6 +85,7 @@ class Firefox(Browser):
     NAME = "firefox-esr"
     WINDOW_CLASS = "firefox-esr"
     NEW_PRIVATE_WINDOW = ("Control_L", "Shift_L", "p")
+    WAITS_FOR_ITS_ANSWER = False
 
     def __init__(self, websites, home):
         super().__init__()
