@@ -1,6 +1,5 @@
 """What is common to the browsers of the end-to-end tests."""
 
-import json
 import os
 import signal
 import subprocess
@@ -8,11 +7,9 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
-from support import Hands, Windows, wait_until
+from support import PATIENCE_SECONDS, Hands, Windows, wait_until
 
 EXTENSION = Path(os.environ["TOLVAR"]).parent.parent / "share" / "tolvar" / "browser"
-NATIVE_HOST = Path(os.environ["TOLVAR"]).parent / "tolvar-browser-host"
-NATIVE_HOST_NAME = "app.tolvar.browser"
 BLANK = "about:blank"
 
 
@@ -54,10 +51,6 @@ class Browser:
         self.hands = Hands()
 
     # To be said by each browser.
-
-    def install(self):
-        """Makes the extension and the way from it to the program known to the browser."""
-        raise NotImplementedError
 
     def start(self):
         """Runs it and waits until it shows a tab."""
@@ -141,12 +134,19 @@ class Browser:
         wait_until("the browser has the keyboard", lambda: self.windows.active() == window)
         return window
 
-    def type_address(self, address):
-        """As a user does it: into the field for addresses."""
-        self.window()
-        self.hands.press_together("Control_L", "l")
-        self.hands.write(address)
-        self.hands.press("Return")
+    def type_address(self, address, is_there):
+        """Into the field for addresses. A busy browser may lose the first letters; who types sees
+        that the page does not come, and types once more."""
+        for _ in range(PATIENCE_SECONDS // 4):
+            self.window()
+            self.hands.press_together("Control_L", "l")
+            self.hands.write(address)
+            self.hands.press("Return")
+            try:
+                return wait_until(f"{address} is there", is_there, seconds=4)
+            except AssertionError as late:
+                problem = late
+        raise problem
 
     def click_page(self):
         """In the middle of the window, where the page is."""
@@ -169,11 +169,3 @@ class Browser:
     def spawn(self, command, **options):
         self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL, start_new_session=True, **options)
-
-
-def write_native_manifest(folder, **allowed):
-    """Where a browser looks for the programs that an extension may speak to."""
-    folder.mkdir(parents=True)
-    (folder / f"{NATIVE_HOST_NAME}.json").write_text(json.dumps({
-        "name": NATIVE_HOST_NAME, "description": "Tolvar", "type": "stdio",
-        "path": str(NATIVE_HOST), **allowed}))

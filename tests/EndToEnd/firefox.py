@@ -5,7 +5,7 @@ import json
 import shutil
 import socket
 
-from browser import BLANK, EXTENSION, Browser, Commit, write_native_manifest
+from browser import BLANK, EXTENSION, Browser, Commit
 from support import PATIENCE_SECONDS, wait_until
 
 EXTENSION_ID = "browser@tolvar.app"
@@ -89,20 +89,14 @@ class Firefox(Browser):
 
     def __init__(self, websites, home):
         super().__init__()
-        self._home = home
         self._profile = home / "profile"
-        self._profile.mkdir()
+        # The extension is in it as if the user had added it.
+        (self._profile / "extensions").mkdir(parents=True)
+        shutil.copy(EXTENSION / "tolvar.xpi", self._profile / "extensions" / f"{EXTENSION_ID}.xpi")
         (self._profile / "user.js").write_text("".join(
             f"user_pref({json.dumps(name)}, {json.dumps(value)});\n"
             for name, value in preferences(websites.port).items()))
         self._marionette = None
-
-    def install(self):
-        write_native_manifest(self._home / ".mozilla" / "native-messaging-hosts",
-                              allowed_extensions=[EXTENSION_ID])
-        extensions = self._profile / "extensions"
-        extensions.mkdir()
-        shutil.copy(EXTENSION / "tolvar.xpi", extensions / f"{EXTENSION_ID}.xpi")
 
     def start(self):
         port_file = self._profile / "MarionetteActivePort"
