@@ -86,9 +86,8 @@ class Blocking:
     def test_a_typed_address_is_blocked(self):
         self.focus()
         # Not one that the browser completes from where it has been.
-        url = f"{PAGE}typed"
-        self.browser.type_address(f"{BLOCKED}/typed", lambda: (self.tab, url) in self.shown())
-        self.assert_goes_blank()
+        self.browser.type_address(self.tab, f"{BLOCKED}/typed")
+        self.assert_blocked_on_the_way(f"{PAGE}typed")
         self.assert_told()
 
     def test_a_link_is_blocked(self):

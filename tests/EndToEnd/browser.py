@@ -7,7 +7,7 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
-from support import PATIENCE_SECONDS, Hands, Windows, wait_until
+from support import Hands, Windows, wait_until
 
 EXTENSION = Path(os.environ["TOLVAR"]).parent.parent / "share" / "tolvar" / "browser"
 BLANK = "about:blank"
@@ -17,7 +17,7 @@ BLANK = "about:blank"
 class Commit:
     """A tab came to show an address."""
 
-    at: float  # seconds of a clock that all commits of a browser share
+    at: float  # seconds, see Browser.now()
     tab: object
     url: str
 
@@ -64,8 +64,16 @@ class Browser:
         """All that was shown since the browser started, oldest first."""
         raise NotImplementedError
 
+    def now(self):
+        """By the clock of the commits."""
+        raise NotImplementedError
+
     def visit(self, tab, url):
         """Has the tab go there, and does not wait for it."""
+        raise NotImplementedError
+
+    def awaits_address(self, tab):
+        """Whether the field for addresses has the keyboard while the tab is in front."""
         raise NotImplementedError
 
     def open_tab(self, url, in_front=True):
@@ -117,7 +125,8 @@ class Browser:
         for tab in self.tabs():
             if tab != kept:
                 self.close(tab)
-        wait_until("one tab is left", lambda: list(self.tabs()) == [kept])
+        wait_until("one tab is left", lambda: list(self.tabs()) == [kept]
+                   and len(self.windows.ids(self.WINDOW_CLASS)) == 1)
         return kept
 
     def open_by(self, action):
@@ -134,19 +143,13 @@ class Browser:
         wait_until("the browser has the keyboard", lambda: self.windows.active() == window)
         return window
 
-    def type_address(self, address, is_there):
-        """Into the field for addresses. A busy browser may lose the first letters; who types sees
-        that the page does not come, and types once more."""
-        for _ in range(PATIENCE_SECONDS // 4):
-            self.window()
-            self.hands.press_together("Control_L", "l")
-            self.hands.write(address)
-            self.hands.press("Return")
-            try:
-                return wait_until(f"{address} is there", is_there, seconds=4)
-            except AssertionError as late:
-                problem = late
-        raise problem
+    def type_address(self, tab, address):
+        """Into the field for addresses, while the tab is in front."""
+        self.window()
+        self.hands.press_together("Control_L", "l")
+        wait_until("one can type an address", lambda: self.awaits_address(tab))
+        self.hands.write(address)
+        self.hands.press("Return")
 
     def click_page(self):
         """In the middle of the window, where the page is."""

@@ -118,7 +118,10 @@ class Chromium(Browser):
         self._tools.send("Runtime.runIfWaitingForDebugger", session)
 
     def _add_commit(self, tab, url):
-        self._commits.append(Commit(time.monotonic(), tab, url))
+        self._commits.append(Commit(self.now(), tab, url))
+
+    def now(self):
+        return time.monotonic()
 
     def tabs(self):
         """Those that the debugger has; what the list of targets calls an address is where a tab is on
@@ -133,6 +136,9 @@ class Chromium(Browser):
 
     def visit(self, tab, url):
         self._tools.send("Page.navigate", self._sessions[tab], url=url)
+
+    def awaits_address(self, tab):
+        return not self._evaluate(tab, "document.hasFocus()")
 
     def open_tab(self, url, in_front=True):
         return self._open(url, background=not in_front)

@@ -4,6 +4,7 @@ import itertools
 import json
 import shutil
 import socket
+import time
 
 from browser import BLANK, EXTENSION, Browser, Commit
 from support import PATIENCE_SECONDS, wait_until
@@ -117,9 +118,15 @@ class Firefox(Browser):
     def commits(self):
         return [Commit(*entry) for entry in self._run("return memory.journal")]
 
+    def now(self):
+        return time.time()
+
     def visit(self, tab, url):
         self._run("tabOf(arguments[0]).linkedBrowser.fixupAndLoadURIString(arguments[1], "
                   "{triggeringPrincipal: principal})", tab, url)
+
+    def awaits_address(self, tab):
+        return self._run("return tabOf(arguments[0]).ownerDocument.defaultView.gURLBar.focused", tab)
 
     def open_tab(self, url, in_front=True):
         return self._run("return windows()[0].gBrowser.addTab(arguments[0], {triggeringPrincipal:"

@@ -73,6 +73,9 @@ class Visit(BaseHTTPRequestHandler):
             self._answer(302, "", [("Location", target)])
         elif address.path == "/favicon.ico":
             self._answer(404, "")
+        elif address.path == "/generate_204":
+            # A browser that wonders whether it must log in somewhere first need not.
+            self._answer(204, "")
         else:
             self._answer(200, page(self.headers["Host"], CLICKS.get(address.path, ""), target))
 
