@@ -20,8 +20,8 @@ std::string folderIn(const char* variable) {
 }
 
 std::string dataHome() {
-    if (const std::string home = folderIn("XDG_DATA_HOME"); !home.empty())
-        return home;
+    if (std::string data = folderIn("XDG_DATA_HOME"); !data.empty())
+        return data;
     const std::string home = folderIn("HOME");
     return home.empty() ? "" : home + "/.local/share";
 }

@@ -9,9 +9,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
 #include <thread>
+#include <vector>
 
 namespace tolvar::test {
 namespace {
@@ -25,6 +27,13 @@ constexpr char picture[] = R"({"shown":[{"window":4711,"tab":93,"url":"https://e
 
 std::string prefix(std::uint32_t length) {
     return {reinterpret_cast<const char*>(&length), sizeof length};
+}
+
+std::string repeatedFrame(std::string_view content, int count) {
+    std::string frames;
+    while (count-- > 0)
+        frames.append(prefix(static_cast<std::uint32_t>(content.size()))).append(content);
+    return frames;
 }
 
 class BrowserHost : public testing::Test {
@@ -106,6 +115,7 @@ TEST_F(BrowserHost, FindsAProgramThatStartsLater) {
 
 TEST_F(BrowserHost, FindsTheNextProgramAfterOneWasKilledAgainAndAgain) {
     connectBoth();
+    std::vector<std::chrono::duration<double>> delays;
     for (int death = 0; death < 5; ++death) {
         app.reset();
         if (death % 2 == 0)
@@ -113,10 +123,12 @@ TEST_F(BrowserHost, FindsTheNextProgramAfterOneWasKilledAgainAndAgain) {
         app.emplace(runtime);
         const auto start = std::chrono::steady_clock::now();
         ASSERT_TRUE(app->letIn());
-        EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+        delays.emplace_back(std::chrono::steady_clock::now() - start);
         ASSERT_EQ(app->heard(), greeting);
         expectToCarry();
     }
+    std::ranges::sort(delays);
+    EXPECT_LT(delays[2], 1s);
 }
 
 TEST_F(BrowserHost, SleepsWhileThereIsNoProgram) {
@@ -166,15 +178,18 @@ TEST_F(BrowserHost, KeepsOnlyTheNewestPictureForAProgramThatIsStuck) {
 
 TEST_F(BrowserHost, KeepsNoCommandsForABrowserThatIsStuck) {
     connectBoth();
-    // More than pipe, socket and host hold, so that saying it all would never end.
-    std::thread speaker([this] {
-        for (int count = 0; count < 200'000; ++count)
-            app->say(blank);
-    });
-    host->awaitSleep();
+    constexpr std::size_t moreThanPipesHold = 4 * maximumFrame;
+    const std::string commands = repeatedFrame(blank, 1000);
+    std::size_t taken = 0;
+    // Until nothing more is taken, though the host has had its time.
+    for (std::size_t before = 1; before != taken && taken < moreThanPipesHold;) {
+        before = taken;
+        taken += app->sayWithoutWaiting(std::string_view(commands).substr(taken % commands.size()));
+        host->awaitSleep();
+    }
+    EXPECT_LT(taken, moreThanPipesHold);
     host->hangUp();
     EXPECT_EQ(host->status(), 0);
-    speaker.join();
 }
 
 class AHostileProgram : public BrowserHost, public testing::WithParamInterface<const char*> {};

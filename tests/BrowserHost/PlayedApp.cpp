@@ -74,6 +74,12 @@ void PlayedApp::say(std::string_view content) {
     sayBytes(bytes.append(content));
 }
 
+std::size_t PlayedApp::sayWithoutWaiting(std::string_view bytes) {
+    const ssize_t count =
+        ::send(m_host.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    return count < 0 ? 0 : static_cast<std::size_t>(count);
+}
+
 void PlayedApp::sayBytes(std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = ::send(m_host.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);

@@ -28,9 +28,9 @@ public:
     bool isLeft();
     void say(std::string_view content);
     void sayBytes(std::string_view bytes);
+    /// Says as much of this as the connection holds; how many bytes that was.
+    std::size_t sayWithoutWaiting(std::string_view bytes);
     void hangUp() { m_host.reset(); }
-    /// Asks for frames no more but keeps the connection.
-    const Descriptor& host() const { return m_host; }
 
 private:
     Descriptor m_socket;

@@ -60,7 +60,7 @@ std::optional<std::vector<ShownTab>> shownTabs(std::string_view message) {
     if (!list.isArray() || list.toArray().size() > mostTabs)
         return std::nullopt;
     std::vector<ShownTab> tabs;
-    for (const QJsonValue& value : list.toArray())
+    for (const auto& value : list.toArray())
         if (auto tab = shownTab(value.toObject()); !tab)
             return std::nullopt;
         else if (tab->tab >= 0)

@@ -50,16 +50,16 @@ bool publish(const Descriptor& folder, const Descriptor& socket) {
 
 } // namespace
 
-std::variant<CompanionSocket, QString> CompanionSocket::listen(const std::string& path) {
-    PrivateFolder::make(path);
-    Descriptor folder = PrivateFolder::open(path);
+std::variant<CompanionSocket, QString> CompanionSocket::listen(const std::string& folderPath) {
+    PrivateFolder::make(folderPath);
+    Descriptor folder = PrivateFolder::open(folderPath);
     if (!folder || ::fchmod(folder.number(), S_IRWXU) != 0)
-        return u"%1 cannot be used: %2"_s.arg(QString::fromStdString(path), lastError());
+        return u"%1 cannot be used: %2"_s.arg(QString::fromStdString(folderPath), lastError());
     if (::flock(folder.number(), LOCK_EX | LOCK_NB) != 0)
-        return u"another program listens in "_s + QString::fromStdString(path);
+        return u"another program listens in "_s + QString::fromStdString(folderPath);
     Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!publish(folder, socket))
-        return u"no socket in %1: %2"_s.arg(QString::fromStdString(path), lastError());
+        return u"no socket in %1: %2"_s.arg(QString::fromStdString(folderPath), lastError());
     return CompanionSocket(std::move(folder), std::move(socket));
 }
 

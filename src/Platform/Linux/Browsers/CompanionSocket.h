@@ -16,8 +16,8 @@ namespace tolvar {
 /// is replaced; with one, it belongs to another program, and is left alone.
 class CompanionSocket {
 public:
-    /// Listens in `folder`, or tells why that is not possible.
-    static std::variant<CompanionSocket, QString> listen(const std::string& folder);
+    /// Listens in a folder, which is made where it is absent, or tells why that is not possible.
+    static std::variant<CompanionSocket, QString> listen(const std::string& folderPath);
     ~CompanionSocket();
     CompanionSocket(CompanionSocket&&) = default;
     CompanionSocket& operator=(CompanionSocket&&) = delete;
