@@ -33,7 +33,7 @@ QString markOf(const QString& folder) {
     return folder + u"/.app.tolvar.made"_s;
 }
 
-/// The file while it is being written; one that was left over by a crash is written anew.
+/// A file or folder while it is being made; one that was left over by a crash is made anew.
 QString draftOf(const QString& path) {
     return path + u".app.tolvar.new"_s;
 }
@@ -63,23 +63,32 @@ int create(const QString& path, const QByteArray& contents) {
     return error;
 }
 
-/// Takes a folder back that got no mark; 0, or the error number.
-int markMade(const QString& folder) {
-    const int error = create(markOf(folder), {});
+/// Takes back a folder that did not get its name.
+void removeDraftOfFolder(const QString& path) {
+    unlinked(markOf(draftOf(path)));
+    ::rmdir(QFile::encodeName(draftOf(path)));
+}
+
+/// A folder gets its name when it has its mark, so that no crash leaves one without; 0, or the
+/// error number.
+int makeMarkedFolder(const QString& path) {
+    const QByteArray draft = QFile::encodeName(draftOf(path));
+    removeDraftOfFolder(path);
+    int error = ::mkdir(draft, S_IRWXU) == 0 ? create(markOf(draftOf(path)), {}) : errno;
+    if (error == 0 && std::rename(draft, QFile::encodeName(path)) != 0)
+        error = errno;
     if (error != 0)
-        ::rmdir(QFile::encodeName(folder));
+        removeDraftOfFolder(path);
     return error;
 }
 
-/// 0, or the error number; what was made and marked before the error stays for `releaseFolders`.
+/// 0, or the error number; what was made before the error stays for `releaseFolders`.
 int makeFolder(const QString& path) {
     if (QFileInfo(path).isDir())
         return 0;
     if (const int error = isOccupied(path) ? ENOTDIR : makeFolder(folderOf(path)))
         return error;
-    if (::mkdir(QFile::encodeName(path), S_IRWXU) != 0)
-        return errno == EEXIST ? 0 : errno;
-    return markMade(path);
+    return makeMarkedFolder(path);
 }
 
 QStringList namesIn(const QString& folder, QDir::Filters filters) {
@@ -105,10 +114,20 @@ int removeFolder(const QString& folder) {
     return isGone || errno == ENOTEMPTY ? 0 : errno;
 }
 
-/// Lets go of the folder and of those above it as far as they were made and are not needed; 0, or
-/// the error number.
-int releaseFolders(const QString& lowest) {
-    for (QString folder = lowest; isOccupied(markOf(folder)); folder = folderOf(folder)) {
+/// The lowest folder above the path that there is; takes away drafts of those that are missing.
+QString presentFolderOf(const QString& path) {
+    QString folder = folderOf(path);
+    if (QFileInfo(folder).isDir() || folder == path)
+        return folder;
+    removeDraftOfFolder(folder);
+    return presentFolderOf(folder);
+}
+
+/// Lets go of the folders above the path as far as they were made and are not needed; 0, or the
+/// error number.
+int releaseFolders(const QString& path) {
+    for (QString folder = presentFolderOf(path); isOccupied(markOf(folder));
+         folder = folderOf(folder)) {
         const bool goes = isVacant(folder);
         if (!goes && hasMadeFolders(folder))
             return 0;
@@ -120,17 +139,11 @@ int releaseFolders(const QString& lowest) {
     return 0;
 }
 
-/// The lowest folder above the path that there is.
-QString presentFolderOf(const QString& path) {
-    const QString folder = folderOf(path);
-    return QFileInfo(folder).isDir() || folder == path ? folder : presentFolderOf(folder);
-}
-
 /// Leaves nothing behind of a writing that failed.
 QString undone(const QString& path, int error) {
     unlinked(draftOf(path));
     if (!isOccupied(path))
-        releaseFolders(presentFolderOf(path));
+        releaseFolders(path);
     return u"the file “%1” could not be written: %2"_s.arg(path, because(error));
 }
 
@@ -154,7 +167,7 @@ std::optional<QString> remove(const QStringList& paths) {
         if (!unlinked(path) || !unlinked(draftOf(path)))
             failure = u"the file “%1” could not be removed: %2"_s.arg(path, because(errno));
     for (const QString& path : failure ? QStringList() : paths)
-        if (const int error = releaseFolders(folderOf(path)))
+        if (const int error = releaseFolders(path))
             failure =
                 u"the folder “%1” could not be removed: %2"_s.arg(folderOf(path), because(error));
     return failure;

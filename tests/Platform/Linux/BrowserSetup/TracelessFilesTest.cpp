@@ -96,6 +96,19 @@ TEST_F(TracelessFilesTest, IsNotHeldUpByAWritingThatWasCutShort) {
     EXPECT_EQ(pictureOf(m_root.path()), before);
 }
 
+TEST_F(TracelessFilesTest, TakesAwayFoldersWhoseMakingWasCutShort) {
+    const auto before = pictureOf(m_root.path());
+    ASSERT_EQ(TracelessFiles::write(path(u"a/b/file"_s), "text"), std::nullopt);
+    QDir(path(u"a/b"_s)).removeRecursively();
+    putFile(path(u"a/b.app.tolvar.new/.app.tolvar.made"_s));
+    EXPECT_EQ(TracelessFiles::remove({path(u"a/b/file"_s)}), std::nullopt);
+    EXPECT_EQ(pictureOf(m_root.path()), before);
+    QDir().mkpath(path(u"a.app.tolvar.new"_s));
+    ASSERT_EQ(TracelessFiles::write(path(u"a/b/file"_s), "text"), std::nullopt);
+    EXPECT_EQ(TracelessFiles::remove({path(u"a/b/file"_s)}), std::nullopt);
+    EXPECT_EQ(pictureOf(m_root.path()), before);
+}
+
 TEST_F(TracelessFilesTest, HasNothingToRemoveWhereNothingIs) {
     EXPECT_EQ(TracelessFiles::remove({path(u"a/b/file"_s)}), std::nullopt);
     putFile(path(u"a"_s));
