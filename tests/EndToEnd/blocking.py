@@ -1,5 +1,6 @@
 """What must hold in every browser while websites are blocked, told as scenarios in a real one."""
 
+import itertools
 import os
 import signal
 import time
@@ -31,7 +32,7 @@ class Blocking:
         cls.addClassCleanup(cls.program.end)
         cls.browser = cls.make_browser()
         cls.addClassCleanup(cls.browser.end)
-        cls.browser.install()
+        cls.program.tell("browsers", "setup", cls.browser.NAME)
         cls.program.start()
         cls.alerts = Alerts(Windows())
         cls.browser.start()
@@ -85,7 +86,7 @@ class Blocking:
     def test_a_typed_address_is_blocked(self):
         self.focus()
         # Not one that the browser completes from where it has been.
-        self.browser.type_address(f"{BLOCKED}/typed")
+        self.browser.type_address(self.tab, f"{BLOCKED}/typed")
         self.assert_blocked_on_the_way(f"{PAGE}typed")
         self.assert_told()
 
@@ -224,11 +225,15 @@ class Blocking:
     def seconds_until_blank(self, url):
         """From the moment the browser shows the page."""
         self.browser.visit(self.tab, url)
-        self.assert_blocked_on_the_way(url)
+        wait_until(f"{url} is shown and gone", lambda: len(self.shown_from(url)) > 1)
+        page, gone = self.shown_from(url)[:2]
+        self.assertEqual(gone.url, BLANK)
+        return gone.at - page.at
+
+    def shown_from(self, url):
+        """What the tab has shown since it showed that."""
         commits = [commit for commit in self.browser.commits() if commit.tab == self.tab]
-        at = [commit.url for commit in commits].index(url)
-        gone = next(commit for commit in commits[at:] if commit.url == BLANK)
-        return gone.at - commits[at].at
+        return list(itertools.dropwhile(lambda commit: commit.url != url, commits))
 
     def test_blocking_goes_on_when_one_of_the_three_was_killed(self):
         self.focus()

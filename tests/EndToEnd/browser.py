@@ -1,6 +1,5 @@
 """What is common to the browsers of the end-to-end tests."""
 
-import json
 import os
 import signal
 import subprocess
@@ -11,8 +10,6 @@ from pathlib import Path
 from support import Hands, Windows, wait_until
 
 EXTENSION = Path(os.environ["TOLVAR"]).parent.parent / "share" / "tolvar" / "browser"
-NATIVE_HOST = Path(os.environ["TOLVAR"]).parent / "tolvar-browser-host"
-NATIVE_HOST_NAME = "app.tolvar.browser"
 BLANK = "about:blank"
 
 
@@ -20,7 +17,7 @@ BLANK = "about:blank"
 class Commit:
     """A tab came to show an address."""
 
-    at: float  # seconds of a clock that all commits of a browser share
+    at: float  # seconds, see Browser.now()
     tab: object
     url: str
 
@@ -55,10 +52,6 @@ class Browser:
 
     # To be said by each browser.
 
-    def install(self):
-        """Makes the extension and the way from it to the program known to the browser."""
-        raise NotImplementedError
-
     def start(self):
         """Runs it and waits until it shows a tab."""
         raise NotImplementedError
@@ -71,8 +64,16 @@ class Browser:
         """All that was shown since the browser started, oldest first."""
         raise NotImplementedError
 
+    def now(self):
+        """By the clock of the commits."""
+        raise NotImplementedError
+
     def visit(self, tab, url):
         """Has the tab go there, and does not wait for it."""
+        raise NotImplementedError
+
+    def awaits_address(self, tab):
+        """Whether the field for addresses has the keyboard while the tab is in front."""
         raise NotImplementedError
 
     def open_tab(self, url, in_front=True):
@@ -124,7 +125,8 @@ class Browser:
         for tab in self.tabs():
             if tab != kept:
                 self.close(tab)
-        wait_until("one tab is left", lambda: list(self.tabs()) == [kept])
+        wait_until("one tab is left", lambda: list(self.tabs()) == [kept]
+                   and len(self.windows.ids(self.WINDOW_CLASS)) == 1)
         return kept
 
     def open_by(self, action):
@@ -141,10 +143,11 @@ class Browser:
         wait_until("the browser has the keyboard", lambda: self.windows.active() == window)
         return window
 
-    def type_address(self, address):
-        """As a user does it: into the field for addresses."""
+    def type_address(self, tab, address):
+        """Into the field for addresses, while the tab is in front."""
         self.window()
         self.hands.press_together("Control_L", "l")
+        wait_until("one can type an address", lambda: self.awaits_address(tab))
         self.hands.write(address)
         self.hands.press("Return")
 
@@ -169,11 +172,3 @@ class Browser:
     def spawn(self, command, **options):
         self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL, start_new_session=True, **options)
-
-
-def write_native_manifest(folder, **allowed):
-    """Where a browser looks for the programs that an extension may speak to."""
-    folder.mkdir(parents=True)
-    (folder / f"{NATIVE_HOST_NAME}.json").write_text(json.dumps({
-        "name": NATIVE_HOST_NAME, "description": "Tolvar", "type": "stdio",
-        "path": str(NATIVE_HOST), **allowed}))

@@ -9,9 +9,8 @@ import os
 import threading
 import time
 from concurrent.futures import Future
-from pathlib import Path
 
-from browser import BLANK, EXTENSION, Browser, Commit, write_native_manifest
+from browser import BLANK, EXTENSION, Browser, Commit
 from support import PATIENCE_SECONDS, wait_until
 
 
@@ -62,21 +61,11 @@ class Chromium(Browser):
         super().__init__()
         self._port = websites.port
         self._tools = None
-        self._extension = ""
+        manifest = json.loads((EXTENSION / "chromium" / "manifest.json").read_text())
+        self._extension = extension_id(manifest["key"])
         self._sessions = {}  # of the debugger, by tab
         self._commits = []
         self._asking = set()  # sessions whose page asks before it is left
-
-    def install(self):
-        folder = Path(os.environ["XDG_CONFIG_HOME"]) / "chromium"
-        manifest = json.loads((EXTENSION / "chromium" / "manifest.json").read_text())
-        self._extension = extension_id(manifest["key"])
-        write_native_manifest(folder / "NativeMessagingHosts",
-                              allowed_origins=[f"chrome-extension://{self._extension}/"])
-        (folder / "External Extensions").mkdir()
-        (folder / "External Extensions" / f"{self._extension}.json").write_text(json.dumps({
-            "external_crx": str(EXTENSION / "tolvar.crx"),
-            "external_version": manifest["version"]}))
 
     def start(self):
         self._sessions, self._commits, self._asking = {}, [], set()
@@ -103,7 +92,6 @@ class Chromium(Browser):
         return (ours_in, ours_out), (theirs_in, theirs_out)
 
     def _note(self, event, told, session):
-        if "DEBUG" in os.environ and ("avigat" in event or "Dialog" in event or "tached" in event): print(f"{time.monotonic():.3f} EVENT", event, str(told)[:200], flush=True)
         match event:
             case "Target.attachedToTarget":
                 self._follow(told["targetInfo"]["targetId"], told["sessionId"])
@@ -130,7 +118,10 @@ class Chromium(Browser):
         self._tools.send("Runtime.runIfWaitingForDebugger", session)
 
     def _add_commit(self, tab, url):
-        self._commits.append(Commit(time.monotonic(), tab, url))
+        self._commits.append(Commit(self.now(), tab, url))
+
+    def now(self):
+        return time.monotonic()
 
     def tabs(self):
         """Those that the debugger has; what the list of targets calls an address is where a tab is on
@@ -145,6 +136,9 @@ class Chromium(Browser):
 
     def visit(self, tab, url):
         self._tools.send("Page.navigate", self._sessions[tab], url=url)
+
+    def awaits_address(self, tab):
+        return not self._evaluate(tab, "document.hasFocus()")
 
     def open_tab(self, url, in_front=True):
         return self._open(url, background=not in_front)

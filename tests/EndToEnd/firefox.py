@@ -4,8 +4,9 @@ import itertools
 import json
 import shutil
 import socket
+import time
 
-from browser import BLANK, EXTENSION, Browser, Commit, write_native_manifest
+from browser import BLANK, EXTENSION, Browser, Commit
 from support import PATIENCE_SECONDS, wait_until
 
 EXTENSION_ID = "browser@tolvar.app"
@@ -89,20 +90,14 @@ class Firefox(Browser):
 
     def __init__(self, websites, home):
         super().__init__()
-        self._home = home
         self._profile = home / "profile"
-        self._profile.mkdir()
+        # The extension is in it as if the user had added it.
+        (self._profile / "extensions").mkdir(parents=True)
+        shutil.copy(EXTENSION / "tolvar.xpi", self._profile / "extensions" / f"{EXTENSION_ID}.xpi")
         (self._profile / "user.js").write_text("".join(
             f"user_pref({json.dumps(name)}, {json.dumps(value)});\n"
             for name, value in preferences(websites.port).items()))
         self._marionette = None
-
-    def install(self):
-        write_native_manifest(self._home / ".mozilla" / "native-messaging-hosts",
-                              allowed_extensions=[EXTENSION_ID])
-        extensions = self._profile / "extensions"
-        extensions.mkdir()
-        shutil.copy(EXTENSION / "tolvar.xpi", extensions / f"{EXTENSION_ID}.xpi")
 
     def start(self):
         port_file = self._profile / "MarionetteActivePort"
@@ -123,9 +118,15 @@ class Firefox(Browser):
     def commits(self):
         return [Commit(*entry) for entry in self._run("return memory.journal")]
 
+    def now(self):
+        return time.time()
+
     def visit(self, tab, url):
         self._run("tabOf(arguments[0]).linkedBrowser.fixupAndLoadURIString(arguments[1], "
                   "{triggeringPrincipal: principal})", tab, url)
+
+    def awaits_address(self, tab):
+        return self._run("return tabOf(arguments[0]).ownerDocument.defaultView.gURLBar.focused", tab)
 
     def open_tab(self, url, in_front=True):
         return self._run("return windows()[0].gBrowser.addTab(arguments[0], {triggeringPrincipal:"

@@ -35,6 +35,10 @@ class Program:
     def __init__(self):
         self._process = None
 
+    @property
+    def pid(self):
+        return self._process.pid
+
     def launch(self):
         self._process = subprocess.Popen([TOLVAR], stdout=subprocess.DEVNULL)
 

@@ -1,5 +1,6 @@
 """Pages for the browsers of the end-to-end tests, under whatever host they are asked for."""
 
+import sys
 import threading
 from html import escape
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
@@ -14,7 +15,7 @@ class Websites:
     """
 
     def __init__(self):
-        self._server = ThreadingHTTPServer(("127.0.0.1", 0), Visit)
+        self._server = Server(("127.0.0.1", 0), Visit)
         self.port = self._server.server_port
         threading.Thread(target=self._server.serve_forever, daemon=True).start()
 
@@ -43,6 +44,13 @@ def clingy(host):
     return f"http://{host}/clingy"
 
 
+class Server(ThreadingHTTPServer):
+    def handle_error(self, request, client_address):
+        """Browsers hang up when a tab is sent elsewhere."""
+        if not isinstance(sys.exception(), ConnectionError):
+            super().handle_error(request, client_address)
+
+
 CLICKS = {
     "/link": "location.href = '{to}'",
     "/open": "window.open('{to}')",
@@ -65,6 +73,9 @@ class Visit(BaseHTTPRequestHandler):
             self._answer(302, "", [("Location", target)])
         elif address.path == "/favicon.ico":
             self._answer(404, "")
+        elif address.path == "/generate_204":
+            # A browser that wonders whether it must log in somewhere first need not.
+            self._answer(204, "")
         else:
             self._answer(200, page(self.headers["Host"], CLICKS.get(address.path, ""), target))
 
