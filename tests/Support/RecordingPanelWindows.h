@@ -19,6 +19,7 @@ public:
     }
     void activate(NativeWindow) override { m_journal.record(QStringLiteral("activate")); }
     bool showsTranslucency() const override { return isTranslucent; }
+    QRect freeArea(const QRect& screen) const override { return screen; }
 
 private:
     Journal& m_journal;

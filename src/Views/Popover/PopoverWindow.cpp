@@ -72,6 +72,13 @@ void PopoverWindow::follow(const QRect& anchor) {
         place();
 }
 
+/// The toolkit knows the room that panels leave on a desktop of one screen alone.
+QRect PopoverWindow::roomOn(const QScreen& screen) const {
+    const QRect pixels = DevicePixels::fromPoints(screen.geometry());
+    return screen.availableGeometry() &
+           DevicePixels::toPoints(m_environment.panels.freeArea(pixels));
+}
+
 void PopoverWindow::place() {
     const QRect anchor =
         m_anchor ? DevicePixels::toPoints(*m_anchor) : QRect(QCursor::pos(), QSize(1, 1));
@@ -79,7 +86,8 @@ void PopoverWindow::place() {
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     setScreen(screen);
-    const QRect room = screen->availableGeometry();
+    const QRect room = roomOn(*screen);
+    limitHeight(room.height() - 2 * gap);
     move(placePopover(anchor, card().size(), room, gap).topLeft() - card().topLeft());
 }
 

@@ -6,6 +6,8 @@
 #include <QPainterPath>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tolvar {
 
 namespace {
@@ -94,8 +96,6 @@ FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings, Corner
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(content);
     setFixedSize(sizeHint());
-    if (surroundings == Surroundings::none)
-        setMask(Paint::roundedRegion(rect(), cornerRadius));
     if (corners == Corners::round)
         return;
     m_edge = new Edge(this);
@@ -107,7 +107,16 @@ QRect FloatingPanel::card() const {
     return rect().marginsRemoved(layout()->contentsMargins());
 }
 
+void FloatingPanel::limitHeight(int height) {
+    const QMargins around = layout()->contentsMargins();
+    const int most =
+        std::max(height + around.top() + around.bottom(), layout()->minimumSize().height());
+    setFixedSize(layout()->sizeHint().width(), std::min(layout()->sizeHint().height(), most));
+}
+
 void FloatingPanel::resizeEvent(QResizeEvent*) {
+    if (m_surroundings == Surroundings::none)
+        setMask(Paint::roundedRegion(rect(), cornerRadius));
     if (m_edge)
         m_edge->setGeometry(card());
 }

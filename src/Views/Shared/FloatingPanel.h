@@ -23,6 +23,10 @@ public:
     /// Owns the content.
     FloatingPanel(QWidget* content, Surroundings surroundings, Corners corners);
 
+    /// Makes the card as high as its content wants to be, but no higher than this unless the
+    /// content cannot be lower; points.
+    void limitHeight(int height);
+
     /// Where the card stands within the window.
     QRect card() const;
 
