@@ -251,11 +251,11 @@ std::vector<Page> windowPages() {
             {u"windowSessionKeyboard"_s, sessionKeyboardPage},
             {u"windowApps"_s, appsPage},
             {u"windowEnd"_s, endPage},
-            {u"windowGoals"_s, goalsPage},
             {u"windowLow"_s, lowPage},
             {u"windowTour"_s, tourPage},
             {u"windowMirrored"_s, mirroredPage},
-            {u"windowTabs"_s, tabsPage}};
+            {u"windowTabs"_s, tabsPage},
+            {u"windowGoals"_s, goalsPage}};
 }
 
 } // namespace tolvar::gallery

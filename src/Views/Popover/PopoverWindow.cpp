@@ -88,7 +88,7 @@ void PopoverWindow::place() {
     setScreen(screen);
     const QRect room = roomOn(*screen);
     limitHeight(room.height() - 2 * gap);
-    move(placePopover(anchor, card().size(), room, gap).topLeft() - card().topLeft());
+    standAt(placePopover(anchor, card().size(), room, gap).topLeft() - card().topLeft());
 }
 
 /// A press on the item itself is left to the click that comes of it.

@@ -3,10 +3,12 @@
 #include "Views/Paint/Paint.h"
 #include "Views/Theme/Instrument.h"
 
+#include <QMoveEvent>
 #include <QPainterPath>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace tolvar {
 
@@ -105,6 +107,19 @@ FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings, Corner
 
 QRect FloatingPanel::card() const {
     return rect().marginsRemoved(layout()->contentsMargins());
+}
+
+void FloatingPanel::standAt(const QPoint& corner) {
+    m_corner = corner;
+    move(corner);
+}
+
+/// In the event loop: the toolkit is in the midst of taking note of the place.
+void FloatingPanel::moveEvent(QMoveEvent* event) {
+    if (isVisible() && m_corner && event->pos() != *m_corner)
+        QMetaObject::invokeMethod(
+            this, [this, corner = *std::exchange(m_corner, std::nullopt)] { move(corner); },
+            Qt::QueuedConnection);
 }
 
 void FloatingPanel::limitHeight(int height) {

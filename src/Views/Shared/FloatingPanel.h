@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 namespace tolvar {
 
 /// A window without a frame that floats above the others, with the round corners of a card. It is
@@ -27,17 +29,24 @@ public:
     /// content cannot be lower; points.
     void limitHeight(int height);
 
+    /// Moves the window's corner there, and once more where the window manager, showing it, puts it
+    /// elsewhere: some make room for a frame that this window has none of.
+    void standAt(const QPoint& corner);
+
     /// Where the card stands within the window.
     QRect card() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
 
 private:
     class Edge;
 
     const Surroundings m_surroundings;
+    /// Where it was last told to stand, until it has been moved back there.
+    std::optional<QPoint> m_corner;
     /// Over the content's rim; null where the content draws it.
     Edge* m_edge = nullptr;
 };
