@@ -247,15 +247,15 @@ QWidget* tourPage(const ControlContext& context) {
 
 std::vector<Page> windowPages() {
     return {{u"windowStart"_s, startPage},
+            {u"windowTour"_s, tourPage},
+            {u"windowMirrored"_s, mirroredPage},
+            {u"windowTabs"_s, tabsPage},
             {u"windowStartKeyboard"_s, startKeyboardPage},
             {u"windowSessionKeyboard"_s, sessionKeyboardPage},
             {u"windowApps"_s, appsPage},
             {u"windowEnd"_s, endPage},
-            {u"windowLow"_s, lowPage},
-            {u"windowTour"_s, tourPage},
-            {u"windowMirrored"_s, mirroredPage},
-            {u"windowTabs"_s, tabsPage},
-            {u"windowGoals"_s, goalsPage}};
+            {u"windowGoals"_s, goalsPage},
+            {u"windowLow"_s, lowPage}};
 }
 
 } // namespace tolvar::gallery

@@ -44,6 +44,9 @@ public:
     /// Keeps it beside its anchor, which has moved.
     void follow(const QRect& anchor);
 
+    /// Takes note of whether an input method is composing in here.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     void willShow();
     void didShow();
@@ -66,6 +69,7 @@ private:
     std::optional<QRect> m_anchor;
     ClosingPress m_closingPress;
     Subscription m_presses;
+    bool m_isComposing = false;
 };
 
 } // namespace tolvar
