@@ -187,9 +187,9 @@ class Hands:
         spare = next(index for index, symbols in enumerate(keys) if not any(symbols))
         symbol = XK.string_to_keysym(name)
         self._display.change_keyboard_mapping(first + spare, [[symbol] * len(keys[spare])])
-        self._display.sync()
-        wait_until(f"a key is {name}", lambda: self._display.refresh_keyboard_mapping is None or
-                   self._display.keysym_to_keycode(symbol))
+        self._display.close()
+        # Which key is which is read once, at the beginning.
+        self._display = Xlib.display.Display()
 
     def press(self, *names):
         for name in names:

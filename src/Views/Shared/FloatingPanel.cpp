@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <utility>
 
 namespace tolvar {
 
@@ -23,6 +22,9 @@ struct Shadow {
 };
 constexpr Shadow shadow;
 constexpr int room = shadow.reach + shadow.drop;
+
+/// A window manager places a window when it is shown and when it takes away the frame.
+constexpr int mostMoves = 3;
 
 /// Layers upon layers, each a little smaller: together they fade as a shadow does.
 void paintShadow(QPainter& painter, const QRectF& card) {
@@ -111,15 +113,17 @@ QRect FloatingPanel::card() const {
 
 void FloatingPanel::standAt(const QPoint& corner) {
     m_corner = corner;
+    m_movesLeft = mostMoves;
     move(corner);
 }
 
 /// In the event loop: the toolkit is in the midst of taking note of the place.
 void FloatingPanel::moveEvent(QMoveEvent* event) {
-    if (isVisible() && m_corner && event->pos() != *m_corner)
-        QMetaObject::invokeMethod(
-            this, [this, corner = *std::exchange(m_corner, std::nullopt)] { move(corner); },
-            Qt::QueuedConnection);
+    if (!isVisible() || event->pos() == m_corner || m_movesLeft == 0)
+        return;
+    --m_movesLeft;
+    QMetaObject::invokeMethod(
+        this, [this] { move(m_corner); }, Qt::QueuedConnection);
 }
 
 void FloatingPanel::limitHeight(int height) {

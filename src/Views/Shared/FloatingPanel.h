@@ -2,8 +2,6 @@
 
 #include <QWidget>
 
-#include <optional>
-
 namespace tolvar {
 
 /// A window without a frame that floats above the others, with the round corners of a card. It is
@@ -29,8 +27,8 @@ public:
     /// content cannot be lower; points.
     void limitHeight(int height);
 
-    /// Moves the window's corner there, and once more where the window manager, showing it, puts it
-    /// elsewhere: some make room for a frame that this window has none of.
+    /// Moves the window's corner there, and again, a few times at most, where the window manager
+    /// puts it elsewhere: some make room for a frame that this window has none of.
     void standAt(const QPoint& corner);
 
     /// Where the card stands within the window.
@@ -45,8 +43,9 @@ private:
     class Edge;
 
     const Surroundings m_surroundings;
-    /// Where it was last told to stand, until it has been moved back there.
-    std::optional<QPoint> m_corner;
+    /// Where it was told to stand, and how often it may yet be moved back there.
+    QPoint m_corner;
+    int m_movesLeft = 0;
     /// Over the content's rim; null where the content draws it.
     Edge* m_edge = nullptr;
 };

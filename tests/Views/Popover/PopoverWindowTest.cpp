@@ -113,15 +113,18 @@ TEST_F(PopoverWindowTest, IsNoHigherThanThePanelsLeaveRoomFor) {
     EXPECT_EQ(window.card().height(), usualHeight);
 }
 
-TEST_F(PopoverWindowTest, GoesBackOnceToWhereItIsToStand) {
+TEST_F(PopoverWindowTest, GoesBackToWhereItIsToStandButNotForEver) {
     window.open(anchor);
     const QPoint place = window.pos();
-    window.move(place + QPoint(2, 22));
-    QApplication::processEvents();
-    EXPECT_EQ(window.pos(), place);
-    window.move(place + QPoint(2, 22));
-    QApplication::processEvents();
-    EXPECT_EQ(window.pos(), place + QPoint(2, 22));
+    const auto push = [&] {
+        window.move(place + QPoint(2, 22));
+        QApplication::processEvents();
+        return window.pos();
+    };
+    EXPECT_EQ(push(), place);
+    EXPECT_EQ(push(), place);
+    EXPECT_EQ(push(), place);
+    EXPECT_EQ(push(), place + QPoint(2, 22));
 }
 
 } // namespace
