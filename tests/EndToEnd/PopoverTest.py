@@ -102,6 +102,15 @@ class Popover(unittest.TestCase):
         self.hands.press("Tab", "Return")
         wait_until("it is over", lambda: self.program.status()["status"] == "ready")
 
+    def test_letters_are_composed_of_several_keys(self):
+        self.hands.have_key("Multi_key")
+        self.program.tell()
+        self.wait_for_keyboard()
+        self.hands.press("Multi_key", "apostrophe", "e", "t", "Multi_key", "apostrophe", "e")
+        self.hands.press("Return")
+        wait_until("it runs", lambda: self.program.status()["status"] == "focusing")
+        self.assertEqual(self.program.status()["goal"], "été")
+
     def test_it_keeps_what_was_written_while_it_was_closed(self):
         self.open()
         self.hands.press("r", "e", "a", "d", "Escape")

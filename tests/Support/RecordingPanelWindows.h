@@ -13,12 +13,17 @@ public:
         : m_journal(journal) {}
 
     bool isTranslucent = true;
+    /// What panels at the bottom leave of a screen.
+    int freeHeight = 100'000;
 
     void setTraits(NativeWindow, PanelTraits traits) override {
         m_journal.record(QStringLiteral("traits %1").arg(traits.toInt()));
     }
     void activate(NativeWindow) override { m_journal.record(QStringLiteral("activate")); }
     bool showsTranslucency() const override { return isTranslucent; }
+    QRect freeArea(const QRect& screen) const override {
+        return screen & QRect(screen.topLeft(), QSize(screen.width(), freeHeight));
+    }
 
 private:
     Journal& m_journal;

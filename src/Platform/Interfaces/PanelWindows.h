@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFlags>
+#include <QRect>
 
 namespace tolvar {
 
@@ -34,6 +35,9 @@ public:
     virtual void activate(NativeWindow window) = 0;
     /// Whether what is behind a window is seen where the window is not opaque.
     virtual bool showsTranslucency() const = 0;
+    /// The part of a screen that panels and docks leave free. Both in device pixels of the whole
+    /// desktop.
+    virtual QRect freeArea(const QRect& screen) const = 0;
 };
 
 } // namespace tolvar

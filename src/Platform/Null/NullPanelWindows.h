@@ -10,6 +10,7 @@ public:
     void setTraits(NativeWindow, PanelTraits) override {}
     void activate(NativeWindow) override {}
     bool showsTranslucency() const override { return true; }
+    QRect freeArea(const QRect& screen) const override { return screen; }
 };
 
 } // namespace tolvar

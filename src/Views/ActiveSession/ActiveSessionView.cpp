@@ -29,6 +29,7 @@ struct ScreenStyle {
     int goalSides = 30;
     int belowCaption = 8;
     int aboveDial = 30;
+    int leastBelowDial = 22;
     int keySides = 20;
     int keySpacing = 9;
     int bottom = 24;
@@ -134,6 +135,7 @@ void ActiveSessionView::refresh() {
     if (m_goal->goal() != session->goal) {
         m_goal->setGoal(session->goal);
         place();
+        updateGeometry();
     }
     m_dial->setReading(DialReading::of(*session, m_manager.clock().now()));
     m_pauseKey->setFace(face);
@@ -153,6 +155,12 @@ void ActiveSessionView::takeKeyboard(Qt::FocusReason reason) {
 
 QSize ActiveSessionView::sizeHint() const {
     return {screenStyle.width, screenStyle.height};
+}
+
+QSize ActiveSessionView::minimumSizeHint() const {
+    const int dialBottom = m_dial->geometry().bottom() + 1 - DialMeasures::overhang;
+    return {screenStyle.width, dialBottom + screenStyle.leastBelowDial +
+                                   m_stopKey->sizeHint().height() + screenStyle.bottom};
 }
 
 void ActiveSessionView::resizeEvent(QResizeEvent* event) {

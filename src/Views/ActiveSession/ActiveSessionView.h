@@ -40,7 +40,8 @@ public:
     void takeKeyboard(Qt::FocusReason reason);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    /// With the keys close to the dial.
+    QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

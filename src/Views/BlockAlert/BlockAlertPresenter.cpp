@@ -95,7 +95,7 @@ void BlockAlertPresenter::recenter() {
     if (!m_screen)
         return;
     m_panel->setScreen(m_screen);
-    m_panel->move(centeredOrigin(m_screen->geometry(), m_panel->size()));
+    m_panel->standAt(centeredOrigin(m_screen->geometry(), m_panel->size()));
 }
 
 } // namespace tolvar

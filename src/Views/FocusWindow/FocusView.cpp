@@ -7,6 +7,7 @@
 #include "Views/FocusWindow/ModeSelector.h"
 #include "Views/FocusWindow/RecordCounts.h"
 #include "Views/FocusWindow/SceneStack.h"
+#include "Views/Shared/FadingScrollArea.h"
 #include "Views/Shared/FocusRing.h"
 #include "Views/StartSession/StartSessionView.h"
 #include "Views/Theme/Instrument.h"
@@ -31,7 +32,10 @@ FocusView::FocusView(const Environment& environment, QWidget* parent)
     , m_environment(environment)
     , m_header(new HeaderView(environment.context.motion, environment.focusManager.status()))
     , m_scenes(new SceneStack(environment.context.motion)) {
-    setFixedSize(fixedSize);
+    setFixedWidth(usualSize.width());
+    setMinimumHeight(lowest);
+    setMaximumHeight(usualSize.height());
+    resize(usualSize);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -122,16 +126,18 @@ void FocusView::showSession() {
     if (m_appPicker)
         m_appPicker->sink();
     m_activeSession = new ActiveSessionView(m_environment.context, m_environment.focusManager);
-    m_scenes->bringOn(m_activeSession);
+    m_sessionPage = new FadingScrollArea(m_activeSession);
+    m_scenes->bringOn(m_sessionPage);
     takeKeyboard(Qt::OtherFocusReason);
 }
 
 /// The key that stopped the session is still being told of its release.
 void FocusView::showTabs() {
     m_scenes->bringOn(m_tabs);
-    if (m_activeSession)
-        m_activeSession->deleteLater();
+    if (m_sessionPage)
+        m_sessionPage->deleteLater();
     m_activeSession.clear();
+    m_sessionPage.clear();
     takeKeyboard(Qt::OtherFocusReason);
 }
 

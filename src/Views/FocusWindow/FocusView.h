@@ -29,7 +29,9 @@ class FocusView final : public QWidget {
 
 public:
     /// Points.
-    static constexpr QSize fixedSize{400, 578};
+    static constexpr QSize usualSize{400, 578};
+    /// On screens that are low: what it shows is then scrolled.
+    static constexpr int lowest = 320;
 
     /// What it shows and steers; all outlive it.
     struct Environment {
@@ -46,7 +48,7 @@ public:
     explicit FocusView(const Environment& environment, QWidget* parent = nullptr);
     ~FocusView() override;
 
-    QSize sizeHint() const override { return fixedSize; }
+    QSize sizeHint() const override { return usualSize; }
     FocusTab selectedTab() const { return m_selectedTab; }
     /// Puts the keyboard where a person who has just opened the window begins.
     void takeKeyboard(Qt::FocusReason reason);
@@ -75,6 +77,8 @@ private:
     StartSessionView* m_startSession = nullptr;
     AppPickerSheet* m_appPicker = nullptr;
     QPointer<ActiveSessionView> m_activeSession;
+    /// What the session's screen stands in.
+    QPointer<QWidget> m_sessionPage;
 };
 
 } // namespace tolvar

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -72,6 +73,13 @@ void PopoverWindow::follow(const QRect& anchor) {
         place();
 }
 
+/// The toolkit knows the room that panels leave on a desktop of one screen alone.
+QRect PopoverWindow::roomOn(const QScreen& screen) const {
+    const QRect pixels = DevicePixels::fromPoints(screen.geometry());
+    return screen.availableGeometry() &
+           DevicePixels::toPoints(m_environment.panels.freeArea(pixels));
+}
+
 void PopoverWindow::place() {
     const QRect anchor =
         m_anchor ? DevicePixels::toPoints(*m_anchor) : QRect(QCursor::pos(), QSize(1, 1));
@@ -79,13 +87,21 @@ void PopoverWindow::place() {
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     setScreen(screen);
-    const QRect room = screen->availableGeometry();
-    move(placePopover(anchor, card().size(), room, gap).topLeft() - card().topLeft());
+    const QRect room = roomOn(*screen);
+    limitHeight(room.height() - 2 * gap);
+    standAt(placePopover(anchor, card().size(), room, gap).topLeft() - card().topLeft());
 }
 
-/// A press on the item itself is left to the click that comes of it.
+bool PopoverWindow::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::InputMethod)
+        m_isComposing = !static_cast<QInputMethodEvent*>(event)->preeditString().isEmpty();
+    return false;
+}
+
+/// A press on the item itself is left to the click that comes of it. The window in which an input
+/// method offers what to write is its own.
 void PopoverWindow::pressed(const QPoint& position) {
-    if (isOurs(position) || (m_anchor && m_anchor->contains(position)))
+    if (m_isComposing || isOurs(position) || (m_anchor && m_anchor->contains(position)))
         return;
     m_closingPress.note(QCursor::pos(), m_environment.mediaTime());
     hide();
@@ -114,6 +130,8 @@ void PopoverWindow::showEvent(QShowEvent* event) {
     FloatingPanel::showEvent(event);
     if (event->spontaneous())
         return;
+    m_isComposing = false;
+    qApp->installEventFilter(this);
     m_presses =
         m_environment.presses.observe([this](const QPoint& position) { pressed(position); });
     Q_EMIT didShow();
@@ -124,6 +142,7 @@ void PopoverWindow::hideEvent(QHideEvent* event) {
     if (event->spontaneous())
         return;
     m_presses.reset();
+    qApp->removeEventFilter(this);
     Q_EMIT didClose();
 }
 

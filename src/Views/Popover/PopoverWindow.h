@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+class QScreen;
+
 namespace tolvar {
 
 class PanelWindows;
@@ -16,7 +18,8 @@ class PointerPresses;
 
 /// The window that opens beside the status item and stays for as long as it is used: a press
 /// anywhere else, another window that takes the keyboard, Escape and a click on the item close it.
-/// It is as large as its content and keeps it while it is closed.
+/// It is as large as its content, or as high as the screen allows, and keeps the content while it
+/// is closed.
 class PopoverWindow final : public FloatingPanel {
     Q_OBJECT
 
@@ -29,7 +32,7 @@ public:
         std::function<double()> mediaTime;
     };
 
-    /// The window owns the content, which has a fixed size.
+    /// The window owns the content.
     PopoverWindow(const Environment& environment, QWidget* content);
 
     /// Closes the popover when it is open, and opens it otherwise: at `anchor`, in device pixels of
@@ -40,6 +43,9 @@ public:
     void open(const std::optional<QRect>& anchor);
     /// Keeps it beside its anchor, which has moved.
     void follow(const QRect& anchor);
+
+    /// Takes note of whether an input method is composing in here.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
     void willShow();
@@ -53,6 +59,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    QRect roomOn(const QScreen& screen) const;
     void place();
     void pressed(const QPoint& position);
     void closeUnlessOurs();
@@ -62,6 +69,7 @@ private:
     std::optional<QRect> m_anchor;
     ClosingPress m_closingPress;
     Subscription m_presses;
+    bool m_isComposing = false;
 };
 
 } // namespace tolvar

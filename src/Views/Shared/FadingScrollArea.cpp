@@ -67,6 +67,21 @@ void FadingScrollArea::resizeEvent(QResizeEvent* event) {
     placeFades();
 }
 
+bool FadingScrollArea::focusNextPrevChild(bool next) {
+    const bool isFound = QScrollArea::focusNextPrevChild(next);
+    if (const QWidget* control = widget()->focusWidget(); control && control->hasFocus())
+        reveal(*control);
+    return isFound;
+}
+
+void FadingScrollArea::reveal(const QWidget& control) {
+    QScrollBar& bar = *verticalScrollBar();
+    const int top = control.mapTo(widget(), QPoint(0, 0)).y();
+    const int highest = top + control.height() + look.lowerFade - viewport()->height();
+    const int lowest = top - look.upperFade;
+    bar.setValue(std::min(std::max(bar.value(), highest), lowest));
+}
+
 void FadingScrollArea::placeFades() {
     const int gone = std::min(verticalScrollBar()->value(), look.upperFade);
     m_upperFade->setGeometry(0, gone - look.upperFade, width(), look.upperFade);

@@ -3,8 +3,11 @@
 #include "Views/Paint/Paint.h"
 #include "Views/Theme/Instrument.h"
 
+#include <QMoveEvent>
 #include <QPainterPath>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tolvar {
 
@@ -19,6 +22,9 @@ struct Shadow {
 };
 constexpr Shadow shadow;
 constexpr int room = shadow.reach + shadow.drop;
+
+/// A window manager places a window when it is shown and when it takes away the frame.
+constexpr int mostMoves = 3;
 
 /// Layers upon layers, each a little smaller: together they fade as a shadow does.
 void paintShadow(QPainter& painter, const QRectF& card) {
@@ -94,8 +100,6 @@ FloatingPanel::FloatingPanel(QWidget* content, Surroundings surroundings, Corner
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(content);
     setFixedSize(sizeHint());
-    if (surroundings == Surroundings::none)
-        setMask(Paint::roundedRegion(rect(), cornerRadius));
     if (corners == Corners::round)
         return;
     m_edge = new Edge(this);
@@ -107,7 +111,31 @@ QRect FloatingPanel::card() const {
     return rect().marginsRemoved(layout()->contentsMargins());
 }
 
+void FloatingPanel::standAt(const QPoint& corner) {
+    m_corner = corner;
+    m_movesLeft = mostMoves;
+    move(corner);
+}
+
+/// In the event loop: the toolkit is in the midst of taking note of the place.
+void FloatingPanel::moveEvent(QMoveEvent* event) {
+    if (!isVisible() || event->pos() == m_corner || m_movesLeft == 0)
+        return;
+    --m_movesLeft;
+    QMetaObject::invokeMethod(
+        this, [this] { move(m_corner); }, Qt::QueuedConnection);
+}
+
+void FloatingPanel::limitHeight(int height) {
+    const QMargins around = layout()->contentsMargins();
+    const int most =
+        std::max(height + around.top() + around.bottom(), layout()->minimumSize().height());
+    setFixedSize(layout()->sizeHint().width(), std::min(layout()->sizeHint().height(), most));
+}
+
 void FloatingPanel::resizeEvent(QResizeEvent*) {
+    if (m_surroundings == Surroundings::none)
+        setMask(Paint::roundedRegion(rect(), cornerRadius));
     if (m_edge)
         m_edge->setGeometry(card());
 }

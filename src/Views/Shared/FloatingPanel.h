@@ -23,17 +23,29 @@ public:
     /// Owns the content.
     FloatingPanel(QWidget* content, Surroundings surroundings, Corners corners);
 
+    /// Makes the card as high as its content wants to be, but no higher than this unless the
+    /// content cannot be lower; points.
+    void limitHeight(int height);
+
+    /// Moves the window's corner there, and again, a few times at most, where the window manager
+    /// puts it elsewhere: some make room for a frame that this window has none of.
+    void standAt(const QPoint& corner);
+
     /// Where the card stands within the window.
     QRect card() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
 
 private:
     class Edge;
 
     const Surroundings m_surroundings;
+    /// Where it was told to stand, and how often it may yet be moved back there.
+    QPoint m_corner;
+    int m_movesLeft = 0;
     /// Over the content's rim; null where the content draws it.
     Edge* m_edge = nullptr;
 };

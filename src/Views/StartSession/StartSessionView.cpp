@@ -182,7 +182,7 @@ void StartSessionView::toggle(const QString& categoryId) {
 
 void StartSessionView::focusGoal(Qt::FocusReason reason) {
     m_goal->setFocus(reason);
-    m_page->ensureWidgetVisible(m_goal);
+    m_page->reveal(*m_goal);
 }
 
 void StartSessionView::start() {

@@ -54,12 +54,29 @@ TEST(WrappedText, EndsInAnEllipsisAfterTheLastLine) {
 }
 
 TEST(WrappedText, HasNoEllipsisWhenTheLastLineHoldsTheRest) {
-    QString goal;
-    while (lines(goal + u"again "_s).size() < 3)
-        goal += u"again "_s;
-    const auto wrapped = lines(goal + u"again"_s);
+    QString goal = u"again"_s;
+    while (!lines(goal + u" again"_s).back().endsWith(u'…'))
+        goal += u" again"_s;
+    const auto wrapped = lines(goal);
     ASSERT_EQ(wrapped.size(), 3U);
-    EXPECT_EQ(wrapped[2], u"again"_s);
+    EXPECT_EQ(wrapped[0] + u' ' + wrapped[1] + u' ' + wrapped[2], goal);
+}
+
+TEST(WrappedText, LeavesNoWordAloneOnTheLastLine) {
+    QString goal = u"again"_s;
+    while (lines(goal).size() < 2)
+        goal += u" again"_s;
+    const auto wrapped = lines(goal);
+    ASSERT_EQ(wrapped.size(), 2U);
+    EXPECT_LE(wrapped[0].size() - wrapped[1].size(), u"again again "_s.size());
+    EXPECT_TRUE(wrapped[1].contains(u' '));
+}
+
+TEST(WrappedText, BreaksNoWordToMakeItsLinesEquallyLong) {
+    const QString word = u"Rindfleischetikettierungsgesetz"_s;
+    EXPECT_THAT(lines(u"Read "_s + word + u" now"_s),
+                testing::Contains(testing::ResultOf(
+                    [&](const QString& line) { return line.contains(word); }, true)));
 }
 
 TEST(WrappedText, LosesNothingWithoutAnEllipsis) {

@@ -16,6 +16,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "EndToEnd"))
 from support import Guests, wait_until  # noqa: E402
 
 EVERY_DESKTOP = 0xFFFFFFFF
+IS_I3 = os.environ["TOLVAR_DESKTOP_WM"] == "i3"
 
 
 class AlertProgram:
@@ -108,6 +109,10 @@ class Screen:
         self.display.flush()
 
     def go_to_desktop(self, index):
+        if IS_I3:  # its workspaces are there, and counted, for as long as something is on them
+            subprocess.run(["i3-msg", f"workspace {index + 1}"], check=True,
+                           stdout=subprocess.DEVNULL)
+            return
         self.tell_window_manager(self.root, "_NET_NUMBER_OF_DESKTOPS", 2)
         self.tell_window_manager(self.root, "_NET_CURRENT_DESKTOP", index)
         wait_until(f"desktop {index} is shown",
@@ -257,6 +262,7 @@ class ScreensTest(AlertCase):
         xrandr("--output", "screen", "--mode", "1280x800")
         self.wait_until_centered(alert, 640, 400)
 
+    @unittest.skipIf(IS_I3, "it moves the pointer to the screen that it works on")
     def test_goes_to_the_screen_under_the_pointer_when_its_own_is_gone(self):
         self.screen.move_pointer(900, 200)
         self.split()

@@ -10,6 +10,7 @@
 #include "Views/AppPicker/AppPickerSheet.h"
 #include "Views/AppPicker/ApplicationIcons.h"
 #include "Views/FocusWindow/ModeSelector.h"
+#include "Views/Shared/FadingScrollArea.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/KeyButton.h"
 #include "Views/StartSession/ChoiceKeys.h"
@@ -47,6 +48,9 @@ protected:
             if (key->name() == name)
                 return *key;
         throw std::runtime_error("no key " + name.toStdString());
+    }
+    QRect placeOf(const QWidget& control) {
+        return {control.mapTo(&view, QPoint(0, 0)), control.size()};
     }
     InstrumentField& goal() { return find<InstrumentField>(); }
     void settle() { frames.advance(5); }
@@ -238,6 +242,38 @@ TEST_F(FocusViewTest, TakesTheApplicationsThatArePicked) {
     goal().setText(u"Write"_s);
     find<StartSessionView>().start();
     EXPECT_EQ(manager.activeSession()->blockedApps, (std::vector<QString>{u"Chess"_s, u"Slack"_s}));
+}
+
+TEST_F(FocusViewTest, KeepsEveryKeyInReachOnALowScreen) {
+    view.resize(view.width(), 320);
+    settle();
+    EXPECT_TRUE(view.rect().contains(placeOf(key(u"Start focus session"_s))));
+    goal().setText(u"Write report"_s);
+    key(u"Start focus session"_s).click();
+    settle();
+    auto& keys = find<ActiveSessionView>();
+    keys.takeKeyboard(Qt::TabFocusReason);
+    for (int press = 0; press < 2; ++press)
+        QTest::keyClick(view.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(view.focusWidget(), &key(u"Stop"_s));
+    EXPECT_TRUE(view.rect().contains(placeOf(*view.focusWidget())));
+}
+
+TEST_F(FocusViewTest, MovesTheKeysOfASessionUpToTheDialBeforeItScrolls) {
+    goal().setText(u"Write report"_s);
+    key(u"Start focus session"_s).click();
+    view.resize(view.width(), 500);
+    settle();
+    EXPECT_TRUE(view.rect().contains(placeOf(key(u"Stop"_s))));
+}
+
+TEST_F(FocusViewTest, BringsAControlThatTheKeyboardComesToClearOfTheEdge) {
+    auto& page = find<FadingScrollArea>();
+    key(u"News"_s).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(view.focusWidget(), Qt::Key_Tab);
+    ASSERT_EQ(view.focusWidget(), &key(u"Entertainment"_s));
+    const QRect place(view.focusWidget()->mapTo(&page, QPoint(0, 0)), view.focusWidget()->size());
+    EXPECT_LE(place.bottom() + 1, page.height() - 20);
 }
 
 TEST_F(FocusViewTest, RestsWhenNothingHappens) {

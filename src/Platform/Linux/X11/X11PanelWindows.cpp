@@ -1,5 +1,6 @@
 #include "Platform/Linux/X11/X11PanelWindows.h"
 
+#include "Platform/Linux/X11/Struts.h"
 #include "Platform/Linux/X11/WindowFacts.h"
 #include "Platform/Linux/X11/XConnection.h"
 
@@ -89,6 +90,19 @@ void X11PanelWindows::activate(NativeWindow window) {
 
 bool X11PanelWindows::showsTranslucency() const {
     return m_connection->selectionOwner(m_connection->ewmh()._NET_WM_CM_Sn[0]) != XCB_NONE;
+}
+
+QRect X11PanelWindows::freeArea(const QRect& screen) const {
+    const auto& ewmh = m_connection->ewmh();
+    const auto windows = m_connection->read(m_connection->root(), ewmh._NET_CLIENT_LIST).words();
+    std::vector<xcb_get_property_cookie_t> asked;
+    for (const xcb_window_t window : windows)
+        for (const xcb_atom_t property : {ewmh._NET_WM_STRUT_PARTIAL, ewmh._NET_WM_STRUT})
+            asked.push_back(m_connection->ask(window, property, strutWords));
+    std::vector<std::vector<std::uint32_t>> struts;
+    for (const auto& cookie : asked)
+        struts.push_back(m_connection->take(cookie).value_or(XProperty()).words());
+    return areaBetween(struts, m_connection->desktopSize(), screen);
 }
 
 } // namespace tolvar

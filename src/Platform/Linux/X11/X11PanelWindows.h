@@ -18,6 +18,7 @@ public:
     void setTraits(NativeWindow window, PanelTraits traits) override;
     void activate(NativeWindow window) override;
     bool showsTranslucency() const override;
+    QRect freeArea(const QRect& screen) const override;
 
 private:
     explicit X11PanelWindows(std::unique_ptr<XConnection> connection);

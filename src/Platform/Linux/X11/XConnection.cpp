@@ -199,6 +199,11 @@ std::vector<qint64> XConnection::localProcesses(const std::vector<xcb_window_t>&
     return processes;
 }
 
+QSize XConnection::desktopSize() const {
+    const auto reply = takeReply(xcb_get_geometry_reply, get(), xcb_get_geometry(get(), root()));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
 std::vector<xcb_window_t> XConnection::topLevelWindows() const {
     const auto reply = takeReply(xcb_query_tree_reply, get(), xcb_query_tree(get(), root()));
     if (!reply)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSize>
 #include <QString>
 
 #include <xcb/xcb.h>
@@ -68,6 +69,8 @@ public:
     const xcb_ewmh_connection_t& ewmh() const { return m_ewmh; }
     xcb_atom_t atom(XAtom atom) const { return m_atoms[static_cast<std::size_t>(atom)]; }
     xcb_window_t root() const { return m_root; }
+    /// The width and height of the root window at this moment, in pixels.
+    QSize desktopSize() const;
     int fileDescriptor() const { return xcb_get_file_descriptor(get()); }
 
     /// Longer properties are cut off there: enough for the client list of any desktop.
