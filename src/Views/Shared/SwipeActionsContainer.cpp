@@ -190,9 +190,14 @@ void SwipeActionsContainer::setOpen(bool open, Motion motion) {
     place();
 }
 
-void SwipeActionsContainer::rest() {
+void SwipeActionsContainer::endInteraction() {
     if (m_menu)
         m_menu->close();
+    setOpen(isOpen());
+}
+
+void SwipeActionsContainer::rest() {
+    endInteraction();
     setOpen(false, Motion::atOnce);
 }
 
@@ -345,8 +350,7 @@ void SwipeActionsContainer::showEvent(QShowEvent* event) {
 void SwipeActionsContainer::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     watchScrolling(nullptr);
-    if (m_menu)
-        m_menu->close();
+    endInteraction();
     setOpen(isOpen(), Motion::atOnce);
 }
 

@@ -74,7 +74,9 @@ public:
     double offset() const;
     /// Whether a hand is at it, or its menu is open.
     bool isBusy() const;
-    /// Lets everything go and stands at rest, as before it shows another record.
+    /// Closes the menu and breaks off a gesture, because its record has gone.
+    void endInteraction();
+    /// The same, and closes the row at once, as before it shows another record.
     void rest();
 
     /// Whether Tab comes to the row and what is in it.

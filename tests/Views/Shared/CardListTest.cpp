@@ -247,6 +247,24 @@ TEST_F(CardListTest, TakesNoClicksOnARowThatIsOnItsWayOut) {
     EXPECT_EQ(clicked.count(), 0);
 }
 
+TEST_F(CardListTest, EndsWhatAHandDoesAtARowThatGoes) {
+    const ToleratedWarning offscreen(u"This plugin does not support"_s);
+    fillWith(10);
+    row(1).openMenu({});
+    const QPointer<QMenu> menu = row(1).findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    change(without(upTo(10), {1}));
+    EXPECT_TRUE(!menu || !menu->isVisible());
+    hand.press(hand.middleOf(row(1)));
+    hand.moveBy({-100, 0});
+    change(without(upTo(10), {1, 2}));
+    hand.moveBy({-10, 0});
+    hand.release();
+    EXPECT_EQ(list->openId(), std::nullopt);
+    settle();
+    EXPECT_THAT(seen(), ElementsAre(0, 3, 4, 5));
+}
+
 TEST_F(CardListTest, MakesRoomForARowAndFadesItIn) {
     fillWith(10);
     auto* first = &row(0);
