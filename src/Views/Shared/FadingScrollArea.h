@@ -17,15 +17,7 @@ public:
     void reveal(const QWidget& control);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
-
-private:
-    void placeFades();
-
-    /// Over the upper edge, once something has gone beyond it, and over the lower one.
-    QWidget* m_upperFade;
-    QWidget* m_lowerFade;
 };
 
 } // namespace tolvar
