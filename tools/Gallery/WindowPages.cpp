@@ -32,6 +32,7 @@ public:
         : m_desk(moment)
         , m_icons({m_installed, m_desk.workspace, m_theme})
         , m_view({.context = context,
+                  .timers = m_desk.time,
                   .focusManager = m_desk.manager,
                   .categoryStore = m_desk.categories,
                   .installed = m_installed,

@@ -61,6 +61,7 @@ protected:
     NullIconThemeSettings theme;
     ApplicationIcons icons{{installed, desk.workspace, theme}};
     FocusView view{{.context = {driver, feedback},
+                    .timers = desk.clock,
                     .focusManager = manager,
                     .categoryStore = categories,
                     .installed = installed,
@@ -220,6 +221,7 @@ TEST_F(FocusViewTest, ShowsTheSessionThatRunsAlready) {
     session.duration = 60;
     manager.startSession(session);
     FocusView other({.context = {driver, feedback},
+                     .timers = desk.clock,
                      .focusManager = manager,
                      .categoryStore = categories,
                      .installed = installed,
