@@ -75,7 +75,7 @@ bool HistoryCard::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const QString app = m_entry.blocked.appAt(help->pos(), lines().blocked, layoutDirection());
+    const QString app = m_entry.blocked.appAt(help->pos(), lines().blocked, m_icons, layoutDirection());
     if (app.isEmpty())
         QToolTip::hideText();
     else

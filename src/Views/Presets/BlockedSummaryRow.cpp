@@ -11,7 +11,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 
-#include <cmath>
+#include <algorithm>
 #include <vector>
 
 namespace tolvar {
@@ -83,11 +83,18 @@ BlockedSummaryRow BlockedSummaryRow::of(const BlockedSummary& summary) {
     return {.appNames = summary.appNames, .websiteCount = summary.websiteCount};
 }
 
+QStringList BlockedSummaryRow::shownApps(ApplicationIcons& icons) const {
+    QStringList shown = appNames;
+    std::stable_partition(shown.begin(), shown.end(),
+                          [&](const QString& name) { return !icons.find(name).isNull(); });
+    return shown.mid(0, std::max(maxIcons, 0));
+}
+
 QString BlockedSummaryRow::sitesText() const {
     if (websiteCount < 1)
         return {};
     const QString sites = sitesCount(websiteCount);
-    return shownApps().isEmpty() ? sites : u"and "_s + sites;
+    return appNames.isEmpty() || maxIcons < 1 ? sites : u"and "_s + sites;
 }
 
 QString BlockedSummaryRow::spokenText() const {
@@ -102,7 +109,7 @@ void BlockedSummaryRow::paint(QPainter& painter, const QRectF& line, Application
     IconsPicture shown{.iconSize = iconSize,
                        .scale = painter.device()->devicePixelRatioF(),
                        .direction = direction};
-    for (const QString& name : shownApps())
+    for (const QString& name : shownApps(icons))
         shown.icons.push_back(icons.find(name));
     const QSizeF size = AppIconRow::size(static_cast<int>(shown.icons.size()), iconSize);
     QRectF rest = line;
@@ -119,9 +126,9 @@ void BlockedSummaryRow::paint(QPainter& painter, const QRectF& line, Application
                 direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
 }
 
-QString BlockedSummaryRow::appAt(const QPointF& point, const QRectF& line,
+QString BlockedSummaryRow::appAt(const QPointF& point, const QRectF& line, ApplicationIcons& icons,
                                  Qt::LayoutDirection direction) const {
-    const QStringList shown = shownApps();
+    const QStringList shown = shownApps(icons);
     const int count = static_cast<int>(shown.size());
     const QPointF origin = iconsOrigin(line, AppIconRow::size(count, iconSize), direction);
     for (int index = 0; index < count; ++index)

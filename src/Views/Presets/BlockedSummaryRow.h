@@ -24,8 +24,8 @@ struct BlockedSummaryRow {
     static BlockedSummaryRow of(const BlockedSummary& summary);
 
     bool isEmpty() const { return appNames.isEmpty() && websiteCount < 1; }
-    /// The names whose icons are shown.
-    QStringList shownApps() const { return appNames.mid(0, maxIcons); }
+    /// The names whose icons are shown: those that have one of their own before the others.
+    QStringList shownApps(ApplicationIcons& icons) const;
     /// "3 sites", behind icons "and 3 sites"; empty without websites.
     QString sitesText() const;
     /// All of it in words, with every application by name; empty when there is nothing.
@@ -35,7 +35,8 @@ struct BlockedSummaryRow {
     void paint(QPainter& painter, const QRectF& line, ApplicationIcons& icons,
                Qt::LayoutDirection direction) const;
     /// The application whose icon `paint` would put at a point; empty where there is none.
-    QString appAt(const QPointF& point, const QRectF& line, Qt::LayoutDirection direction) const;
+    QString appAt(const QPointF& point, const QRectF& line, ApplicationIcons& icons,
+                  Qt::LayoutDirection direction) const;
 };
 
 } // namespace tolvar

@@ -74,6 +74,7 @@ PresetCard::Places PresetCard::places() const {
     places.start.setHeight(key.height());
     places.duration = CardLook::takeFromEnd(
         line, Paint::textWidth(m_entry.duration, durationFont()), look.gap, layoutDirection());
+    places.duration.translate(0, -cardLook.rise);
     places.name = places.blocked = line;
     if (m_entry.blocked.isEmpty())
         return places;
@@ -103,7 +104,8 @@ bool PresetCard::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const QString app = m_entry.blocked.appAt(help->pos(), places().blocked, layoutDirection());
+    const QString app =
+        m_entry.blocked.appAt(help->pos(), places().blocked, m_icons, layoutDirection());
     if (app.isEmpty())
         QToolTip::hideText();
     else

@@ -1,5 +1,9 @@
 #include "Views/Presets/BlockedSummary.h"
 
+#include "Platform/Null/NullIconThemeSettings.h"
+#include "Platform/Null/NullWorkspace.h"
+#include "Support/FakeInstalledApplications.h"
+#include "Views/AppPicker/ApplicationIcons.h"
 #include "Views/Presets/BlockedSummaryRow.h"
 #include "Views/Presets/PresetEntry.h"
 
@@ -72,18 +76,32 @@ TEST(BlockedSummaryRow, JoinsTheSitesToTheIcons) {
               u"3 sites");
 }
 
-TEST(BlockedSummaryRow, ShowsAsManyIconsAsItMay) {
+class ShownApps : public testing::Test {
+protected:
+    FakeInstalledApplications installed;
+    NullWorkspace workspace;
+    NullIconThemeSettings theme;
+    ApplicationIcons icons{{installed, workspace, theme}};
+};
+
+TEST_F(ShownApps, AreAsManyAsThereMayBe) {
     const BlockedSummaryRow row{.appNames = {u"A"_s, u"B"_s, u"C"_s}, .maxIcons = 2};
-    EXPECT_EQ(row.shownApps(), (QStringList{u"A"_s, u"B"_s}));
+    EXPECT_EQ(row.shownApps(icons), (QStringList{u"A"_s, u"B"_s}));
 }
 
-TEST(BlockedSummaryRow, KnowsTheAppUnderThePointer) {
+TEST_F(ShownApps, BeginWithThoseThatHaveAnIcon) {
+    installed.applications = {{u"c"_s, u"C"_s, QStringLiteral(ICONS) + u"/chat.svg"_s}};
+    const BlockedSummaryRow row{.appNames = {u"A"_s, u"B"_s, u"C"_s}, .maxIcons = 2};
+    EXPECT_EQ(row.shownApps(icons), (QStringList{u"C"_s, u"A"_s}));
+}
+
+TEST_F(ShownApps, AreKnownUnderThePointer) {
     const BlockedSummaryRow row{.appNames = {u"A"_s, u"B"_s}, .iconSize = 20};
     const QRectF line(10, 0, 200, 30);
-    EXPECT_EQ(row.appAt({12, 15}, line, Qt::LeftToRight), u"A");
-    EXPECT_EQ(row.appAt({35, 15}, line, Qt::LeftToRight), u"B");
-    EXPECT_EQ(row.appAt({80, 15}, line, Qt::LeftToRight), u"");
-    EXPECT_EQ(row.appAt({208, 15}, line, Qt::RightToLeft), u"A");
+    EXPECT_EQ(row.appAt({12, 15}, line, icons, Qt::LeftToRight), u"A");
+    EXPECT_EQ(row.appAt({35, 15}, line, icons, Qt::LeftToRight), u"B");
+    EXPECT_EQ(row.appAt({80, 15}, line, icons, Qt::LeftToRight), u"");
+    EXPECT_EQ(row.appAt({208, 15}, line, icons, Qt::RightToLeft), u"A");
 }
 
 class PresetEntryTest : public testing::Test {
