@@ -1,12 +1,18 @@
 #pragma once
 
+#include "Views/Shared/CardColumn.h"
+#include "Views/Shared/CardRow.h"
 #include "Views/Shared/ControlContext.h"
+#include "Views/Shared/ScrollHand.h"
 #include "Views/Shared/SwipeAction.h"
 #include "Views/Shared/SwipeActionsContainer.h"
 
 #include <QAbstractScrollArea>
+#include <QMenu>
+#include <QPointer>
 #include <QUuid>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -22,7 +28,7 @@ public:
     virtual QWidget* makeCard() = 0;
     /// Shows a record on a card that `makeCard` made.
     virtual void fillCard(QWidget& card, const QUuid& id) = 0;
-    /// Asked for rows in view only.
+    /// Asked for rows in view, and for one that assistive technology looks at.
     virtual std::vector<SwipeAction> actions(const QUuid& id) = 0;
     /// What the row is called to those who do not see it; also asked for rows out of view.
     virtual QString cardName(const QUuid& id) const = 0;
@@ -48,14 +54,14 @@ public:
         SwipeActionsContainer::Style swipe;
     };
     enum class Change { atOnce, animated };
-    enum class Hand { holds, off };
+    using Hand = ScrollHand::Hand;
 
     /// `source` and `timers` outlive the list.
     CardList(const ControlContext& context, TimerService& timers, CardSource& source,
              const Style& style, QWidget* parent = nullptr);
     ~CardList() override;
 
-    const std::vector<QUuid>& ids() const;
+    const std::vector<QUuid>& ids() const { return m_column.ids(); }
     /// The records from top to bottom, each once. Rows that stay keep their widgets, and their
     /// place under the eye if what comes or goes is above them. Animated, rows in view that come
     /// fade in, those that go fade out, and the others move over. If the row with the keyboard
@@ -67,15 +73,15 @@ public:
     void refresh();
 
     /// The one row whose actions are revealed.
-    std::optional<QUuid> openId() const;
+    std::optional<QUuid> openId() const { return m_openId; }
     void setOpenId(const std::optional<QUuid>& id);
     /// What concerns the whole list: its own context menu, and the end of that of each row.
     void setCommonActions(std::vector<SwipeAction> actions);
     /// Whether the list can be pulled down beyond its top, by a drag or a touchpad; not so at
     /// first.
-    void setPullable(bool isPullable);
+    void setPullable(bool isPullable) { m_hand.setPullable(isPullable); }
     /// How far it is pulled down, in points, as it is seen.
-    double pull() const;
+    double pull() const { return m_hand.pull(); }
 
     /// The row of a record; -1 for none.
     int rowOf(const QUuid& id) const;
@@ -99,6 +105,9 @@ public:
     };
     Widgets widgets() const;
     QString rowName(int row) const;
+    std::vector<SwipeAction> actionsOf(int row) const;
+    /// The row that a widget stands in; -1 for none.
+    int rowOfWidget(const QWidget* widget) const;
 
     /// None: the rows have rims of their own.
     QRectF focusRim() const override { return {}; }
@@ -110,13 +119,12 @@ Q_SIGNALS:
     void deleteRequested(const QUuid& id);
     /// It is pulled down by this many points as it is seen, while a hand holds it and on its way
     /// back.
-    void pulled(double points, tolvar::CardList::Hand hand);
+    void pulled(double points, tolvar::ScrollHand::Hand hand);
     /// The hand has let go at this many points. Not after a pull that was broken off.
     void pullReleased(double points);
 
 protected:
-    bool event(QEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -124,6 +132,52 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+
+private:
+    /// Where everything was before the records changed.
+    struct Before {
+        CardColumn column;
+        int scroll = 0;
+    };
+
+    int scroll() const;
+    std::unique_ptr<CardRow> makeRow();
+    CardRow& rowFor(int row);
+    void fill(CardRow& row);
+    bool isKept(const CardRow& row) const;
+    QRect shownRect(const CardRow& row) const;
+    void showRows();
+    void placeRow(CardRow& row);
+    void rowMoved(CardRow& row);
+    void updateScrollRange();
+
+    void layOut();
+    /// Where the rows are seen, by their ids.
+    using Tops = std::map<QUuid, int>;
+    Tops shownTops() const;
+    void handOnCurrent(const Before& before);
+    void keepPlaceUnderTheEye(const Before& before);
+    void removeRows(const Tops& tops, bool isAnimated);
+    void moveOver(const Before& before, const Tops& tops, bool isAnimated);
+    void moveOver(CardRow& row, const std::optional<double>& from);
+
+    void makeCurrent(const QUuid& id);
+    void focusRow(int row);
+    bool leaveByTab(QWidget& from, bool next);
+    int keyTarget(int key) const;
+
+    const ControlContext m_context;
+    TimerService& m_timers;
+    CardSource& m_source;
+    const Style m_style;
+    CardColumn m_column;
+    CardRows m_rows;
+    std::vector<SwipeAction> m_commonActions;
+    std::optional<QUuid> m_openId;
+    QUuid m_current;
+    QPointer<QMenu> m_menu;
+    bool m_isChanging = false;
+    ScrollHand& m_hand;
 };
 
 } // namespace tolvar

@@ -3,12 +3,12 @@
 #include <QObject>
 #include <QPointF>
 #include <QPointer>
+#include <QWidget>
+#include <QWindow>
 
 #include <functional>
 
 class QMouseEvent;
-class QWidget;
-class QWindow;
 
 namespace tolvar {
 
@@ -22,8 +22,8 @@ public:
     static constexpr double leastDistance = 12;
 
     struct Callbacks {
-        /// From where the mouse was pressed, in points; along the axis.
-        std::function<void(double translation)> moved;
+        /// From where the mouse was pressed, in points.
+        std::function<void(const QPointF& translation)> moved;
         /// The hand let go.
         std::function<void()> ended;
         /// Another button was pressed, the mouse went to somebody else, or the widget hid.
@@ -39,21 +39,21 @@ public:
     void cancel();
 
 private:
-    enum class Stage { idle, pressed, dragging };
+    enum class Stage { idle, pressed, dragging, brokenOff };
 
     void watch(QWindow* window);
     bool takeWindowEvent(QEvent& event);
     void press(const QMouseEvent& event);
     bool move(const QMouseEvent& event);
     bool release(const QMouseEvent& event);
-    void takeFromPressed();
-    double along(const QPointF& way) const;
+    void decide(const QPointF& way);
 
     QWidget& m_area;
     const Qt::Orientation m_axis;
     const Callbacks m_callbacks;
     QPointer<QWindow> m_window;
     Stage m_stage = Stage::idle;
+    QPointer<QWidget> m_pressed;
     QPointF m_start;
 };
 

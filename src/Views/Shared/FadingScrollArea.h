@@ -12,16 +12,6 @@ class FadingScrollArea final : public QScrollArea {
 public:
     /// The area owns the page.
     explicit FadingScrollArea(QWidget* page, QWidget* parent = nullptr);
-
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
-private:
-    void placeFades();
-
-    /// Over the upper edge, once something has gone beyond it, and over the lower one.
-    QWidget* m_upperFade;
-    QWidget* m_lowerFade;
 };
 
 } // namespace tolvar

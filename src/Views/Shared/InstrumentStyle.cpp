@@ -25,6 +25,9 @@ struct MenuLook {
     double itemRadius = 5;
     int itemHeight = 28;
     int itemPadding = 10;
+    /// Of the symbol before the text, and between the two.
+    int icon = 16;
+    int betweenIconAndText = 9;
     int separatorHeight = 9;
     int leastWidth = 140;
 };
@@ -48,8 +51,31 @@ bool isTip(const QWidget& widget) {
     return widget.inherits("QTipLabel");
 }
 
-QString withoutMnemonic(QString text) {
-    return text.remove(u'&');
+/// A doubled ampersand is one that is meant.
+QString withoutMnemonic(const QString& text) {
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'&' && ++i == text.size())
+            break;
+        plain.append(text[i]);
+    }
+    return plain;
+}
+
+/// What the texts of a menu leave free before them, if one of its lines has a symbol.
+int roomForIcon(const QStyleOptionMenuItem& item) {
+    return item.maxIconWidth > 0 ? menuLook.icon + menuLook.betweenIconAndText : 0;
+}
+
+void paintIcon(QPainter& painter, const QStyleOptionMenuItem& item, const QRect& line) {
+    QRect box(0, 0, menuLook.icon, menuLook.icon);
+    box.moveCenter(line.center());
+    if (item.direction == Qt::RightToLeft)
+        box.moveRight(line.right());
+    else
+        box.moveLeft(line.left());
+    item.icon.paint(&painter, box, Qt::AlignCenter,
+                    item.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled);
 }
 
 void paintItem(QPainter& painter, const QStyleOptionMenuItem& item) {
@@ -66,9 +92,13 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     const QColor ink =
         isEnabled ? isChosen ? Palette::label : Palette::labelSecondary : Palette::labelQuaternary;
     const int padding = menuLook.itemPadding;
-    Paint::text(painter, QRectF(item.rect).adjusted(padding, 0, -padding, 0),
+    const QRect line = item.rect.adjusted(padding, 0, -padding, 0);
+    paintIcon(painter, item, line);
+    const bool isMirrored = item.direction == Qt::RightToLeft;
+    const int room = roomForIcon(item);
+    Paint::text(painter, line.adjusted(isMirrored ? 0 : room, 0, isMirrored ? -room : 0, 0),
                 withoutMnemonic(item.text), menuFont(), ink,
-                item.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
+                isMirrored ? Qt::AlignRight : Qt::AlignLeft);
 }
 
 } // namespace
@@ -121,8 +151,8 @@ QSize InstrumentStyle::sizeFromContents(ContentsType type, const QStyleOption* o
     if (item->menuItemType == QStyleOptionMenuItem::Separator)
         return {menuLook.leastWidth, menuLook.separatorHeight};
     const double width = Paint::textWidth(withoutMnemonic(item->text), menuFont());
-    return {std::max(menuLook.leastWidth,
-                     static_cast<int>(std::ceil(width)) + 2 * menuLook.itemPadding),
+    return {std::max(menuLook.leastWidth, static_cast<int>(std::ceil(width)) +
+                                              2 * menuLook.itemPadding + roomForIcon(*item)),
             menuLook.itemHeight};
 }
 

@@ -7,20 +7,22 @@
 #include "Views/Shared/ScrollSwipeTracker.h"
 #include "Views/Shared/SwipeAction.h"
 #include "Views/Shared/SwipeGesture.h"
+#include "Views/Shared/WheelReader.h"
 
+#include <QMenu>
 #include <QPointer>
 #include <QWidget>
+#include <QWindow>
 
-#include <optional>
+#include <utility>
 #include <vector>
 
-class QMenu;
 class QWheelEvent;
 
 namespace tolvar {
 
 class KeyButton;
-class SwipeKeys;
+class SlideFade;
 
 /// One row of a list that can be swiped aside, by a drag of the mouse or a sideways scroll, and
 /// then shows a key for each of its actions behind its trailing edge. The same actions are in its
@@ -103,17 +105,17 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void watchScrolling();
+    void watchScrolling(QWindow* window);
     bool takeScroll(const QWheelEvent& event);
-    bool isOver(const QPointF& inWindow) const;
-    void dragTo(double translation);
+    void makeKeys();
+    KeyButton* makeKey(const SwipeAction& action, int index);
+    void dragTo(const QPointF& way);
     void scrollBy(double delta);
     void letGo();
     void breakOff();
-    void moveToRest(double from);
     void snap(bool open);
     void place();
-    void placeKeys();
+    void placeKeys(double progress);
     void keepFocusOff(const QWidget& leaving);
     double inDirection(double length) const;
 
@@ -124,7 +126,7 @@ private:
     std::vector<SwipeAction> m_commonActions;
     std::vector<KeyButton*> m_keys;
     QWidget* m_closingLayer;
-    QWidget* m_slideFade;
+    SlideFade* m_slideFade;
     QPointer<QMenu> m_menu;
     QPointer<QWindow> m_window;
     SwipeGesture m_gesture;
@@ -132,7 +134,10 @@ private:
     AnimatedValue m_rest;
     DragWatch m_drag;
     ScrollSwipeTracker m_scroll;
+    WheelReader m_wheel;
     bool m_takesTab = true;
+    /// What would take Tab, while the row does not.
+    std::vector<std::pair<QPointer<QWidget>, Qt::FocusPolicy>> m_withheld;
 };
 
 } // namespace tolvar
