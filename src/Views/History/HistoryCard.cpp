@@ -52,8 +52,6 @@ HistoryCard::HistoryCard(ApplicationIcons& icons, QWidget* parent)
 
 void HistoryCard::setContent(const HistoryEntry& entry) {
     m_entry = entry;
-    setAccessibleName(entry.title());
-    setAccessibleDescription(entry.spokenText());
     update();
 }
 

@@ -54,7 +54,7 @@ CardScreen::~CardScreen() = default;
 
 void CardScreen::takeKeyboard(Qt::FocusReason reason) {
     if (!m_list->ids().empty())
-        m_list->setFocus(reason);
+        m_list->containerInView(std::max(0, m_list->currentRow())).setFocus(reason);
 }
 
 void CardScreen::setRecords(std::vector<QUuid> ids) {

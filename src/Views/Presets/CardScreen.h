@@ -42,7 +42,7 @@ public:
         QString deleteMessage;
     };
 
-    /// Puts the keyboard into the list, where there is anything in it.
+    /// Puts the keyboard on the card it was on last, where there is any.
     void takeKeyboard(Qt::FocusReason reason);
 
 protected:

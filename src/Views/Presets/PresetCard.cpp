@@ -51,8 +51,6 @@ PresetCard::PresetCard(const ControlContext& context, ApplicationIcons& icons, Q
 void PresetCard::setContent(const PresetEntry& entry, const QUuid& id) {
     m_entry = entry;
     m_id = id;
-    setAccessibleName(entry.name);
-    setAccessibleDescription(entry.spokenText());
     m_start->setAccessibleDescription(entry.name);
     update();
 }
