@@ -101,7 +101,8 @@ QString BlockedSummaryRow::spokenText() const {
     QStringList all = appNames;
     if (websiteCount >= 1)
         all << sitesCount(websiteCount);
-    return all.isEmpty() ? QString() : u"Blocks %1"_s.arg(QLocale().createSeparatedList(all));
+    return all.isEmpty() ? QString()
+                         : u"Blocks %1"_s.arg(QLocale(QLocale::English).createSeparatedList(all));
 }
 
 void BlockedSummaryRow::paint(QPainter& painter, const QRectF& line, ApplicationIcons& icons,

@@ -37,11 +37,11 @@ protected:
     }
 
     /// A preset of a session of its own.
-    FocusPreset save(const QString& goal, const std::vector<BlockCategory>& categories = {}) {
+    FocusPreset save(const QString& goal, const std::vector<BlockCategory>& chosen = {}) {
         FocusSession session;
         session.goal = goal;
         session.duration = 25 * 60;
-        session.blockCategories = categories;
+        session.blockCategories = chosen;
         manager.savePreset(session);
         return manager.savedPresets().back();
     }
