@@ -51,14 +51,14 @@ public:
     void add(const std::vector<FocusSession>& sessions) {
         for (const FocusSession& session : sessions) {
             auto* card = new HistoryCard(m_icons);
-            card->setContent(HistoryEntry::of(session, m_summaries, sampleNow(), english));
+            card->setContent(HistoryCardContent::of(session, m_summaries, sampleNow(), english));
             add(card);
         }
     }
     void add(const ControlContext& context, const std::vector<FocusPreset>& presets) {
         for (const FocusPreset& preset : presets) {
             auto* card = new PresetCard(context, m_icons);
-            card->setContent(PresetEntry::of(preset, m_summaries, {}), preset.id);
+            card->setContent(PresetCardContent::of(preset, m_summaries, {}), preset.id);
             add(card);
         }
     }

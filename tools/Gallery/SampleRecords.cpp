@@ -17,7 +17,7 @@ constexpr Seconds day = 24 * hour;
 using Names = std::vector<QString>;
 
 struct Plan {
-    QString goal;
+    QString goal = {};
     Seconds duration = 25 * minute;
     Seconds ago = 0;
     std::optional<Seconds> focused = {};
@@ -41,6 +41,13 @@ FocusSession session(const Plan& plan) {
 
 FocusPreset preset(const QString& name, const Plan& plan) {
     return FocusPreset::from(session(plan), name);
+}
+
+Names manySites() {
+    Names sites;
+    for (int number = 1; number <= 120; ++number)
+        sites.push_back(u"%1.org"_s.arg(number));
+    return sites;
 }
 
 const Names news{u"news.org"_s, u"weather.org"_s, u"forum.org"_s};
@@ -90,7 +97,7 @@ std::vector<FocusSession> oddSessions() {
                      .focused = 10 * hour + 49 * minute,
                      .apps = {u"Arcade"_s, u"Browser"_s, u"Chat"_s, u"Mail"_s, u"Music"_s,
                               u"Notes"_s, u"Photos"_s},
-                     .sites = Names(120, u"news.org"_s)}),
+                     .sites = manySites()}),
             session({.goal = {}, .ago = 2 * day, .focused = 0, .sites = {u"news.org"_s}}),
             session({.goal = u"Read"_s, .ago = minute, .focused = 25 * minute}), undated,
             session({.goal = u"כתיבת הפרק השני"_s,

@@ -54,7 +54,7 @@ struct StillDesk {
     /// At `moment` of a session, where there is one.
     explicit StillDesk(const std::optional<SessionMoment>& moment = std::nullopt,
                        const KeptRecords& records = {})
-        : preferences(records) {
+        : kept(preferences, records) {
         time.set(records.now);
         preferences.registerDefaults(AppSettings::defaults());
         if (moment)
@@ -74,16 +74,18 @@ struct StillDesk {
         time.pass(moment.pausedFor);
     }
 
-    struct Kept final : MemoryPreferences {
-        explicit Kept(const KeptRecords& records) {
-            SessionStore store(*this);
+    /// Stores records before anybody loads them.
+    struct Kept {
+        Kept(Preferences& preferences, const KeptRecords& records) {
+            SessionStore store(preferences);
             store.saveHistory(records.history);
             store.savePresets(records.presets);
         }
     };
 
     StillTime time;
-    Kept preferences;
+    MemoryPreferences preferences;
+    Kept kept;
     NullWorkspace workspace;
     NullBrowserChannel browsers;
     NullBlockAlert alert;

@@ -50,8 +50,8 @@ HistoryCard::HistoryCard(ApplicationIcons& icons, QWidget* parent)
     : QWidget(parent)
     , m_icons(icons) {}
 
-void HistoryCard::setContent(const HistoryEntry& entry) {
-    m_entry = entry;
+void HistoryCard::setContent(const HistoryCardContent& content) {
+    m_content = content;
     update();
 }
 
@@ -64,7 +64,7 @@ HistoryCard::Lines HistoryCard::lines() const {
         return QRectF(cardLook.padding, middle - cardLook.rise - look.lineHeight / 2,
                       width() - 2 * cardLook.padding, look.lineHeight);
     };
-    if (m_entry.blocked.isEmpty())
+    if (m_content.blocked.isEmpty())
         return {line(look.titleMiddleAlone), {}, line(look.dateMiddleAlone)};
     return {line(look.titleMiddle), line(look.blockedMiddle), line(look.dateMiddle)};
 }
@@ -73,7 +73,8 @@ bool HistoryCard::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const QString app = m_entry.blocked.appAt(help->pos(), lines().blocked, m_icons, layoutDirection());
+    const QString app =
+        m_content.blocked.appAt(help->pos(), lines().blocked, m_icons, layoutDirection());
     if (app.isEmpty())
         QToolTip::hideText();
     else
@@ -86,22 +87,22 @@ void HistoryCard::paintEvent(QPaintEvent*) {
     Paint::bevel(painter, rect(), cardLook.radius, Bevel::card);
     auto [title, blocked, date] = lines();
     paintOutcome(painter, title);
-    Paint::text(painter, title, m_entry.title(), CardLook::titleFont(),
-                m_entry.goal.isEmpty() ? Palette::labelTertiary : Palette::label,
+    Paint::text(painter, title, m_content.title(), CardLook::titleFont(),
+                m_content.goal.isEmpty() ? Palette::labelTertiary : Palette::label,
                 CardLook::leading(layoutDirection()));
-    m_entry.blocked.paint(painter, blocked, m_icons, layoutDirection());
+    m_content.blocked.paint(painter, blocked, m_icons, layoutDirection());
     paintTimes(painter, date);
 }
 
 /// At the end of the title's line, of which it takes what it needs.
 void HistoryCard::paintOutcome(QPainter& painter, QRectF& line) const {
-    if (!m_entry.outcome)
+    if (!m_content.outcome)
         return;
-    const QString text = m_entry.outcomeText();
+    const QString text = m_content.outcomeText();
     const double width = Paint::textWidth(text, outcomeFont()) + 2 * look.platePadding;
     QRectF plate = CardLook::takeFromEnd(line, width, look.gap, layoutDirection());
     plate = Paint::onPixels(painter, plate);
-    const OutcomeInks inks = inksOf(*m_entry.outcome);
+    const OutcomeInks inks = inksOf(*m_content.outcome);
     Paint::fill(painter, plate, look.plateHeight / 2, inks.plate);
     Paint::outline(painter, plate, look.plateHeight / 2, inks.rim);
     Paint::text(painter, plate, text, outcomeFont(), inks.ink, Qt::AlignHCenter);
@@ -110,11 +111,11 @@ void HistoryCard::paintOutcome(QPainter& painter, QRectF& line) const {
 void HistoryCard::paintTimes(QPainter& painter, const QRectF& line) const {
     QRectF rest = line;
     const QFont font = CardLook::smallFont(QFont::Medium);
-    const QRectF focused = CardLook::takeFromEnd(rest, Paint::textWidth(m_entry.focused, font),
+    const QRectF focused = CardLook::takeFromEnd(rest, Paint::textWidth(m_content.focused, font),
                                                  look.gap, layoutDirection());
-    Paint::text(painter, focused, m_entry.focused, font, Palette::labelSecondary,
+    Paint::text(painter, focused, m_content.focused, font, Palette::labelSecondary,
                 CardLook::leading(layoutDirection()));
-    Paint::text(painter, rest, m_entry.date, Instrument::font(11), Palette::labelDim,
+    Paint::text(painter, rest, m_content.date, Instrument::font(11), Palette::labelDim,
                 CardLook::leading(layoutDirection()));
 }
 

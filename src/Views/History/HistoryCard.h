@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/History/HistoryEntry.h"
+#include "Views/History/HistoryCardContent.h"
 
 #include <QWidget>
 
@@ -19,8 +19,8 @@ public:
     /// `icons` outlives the card.
     explicit HistoryCard(ApplicationIcons& icons, QWidget* parent = nullptr);
 
-    const HistoryEntry& entry() const { return m_entry; }
-    void setContent(const HistoryEntry& entry);
+    const HistoryCardContent& content() const { return m_content; }
+    void setContent(const HistoryCardContent& content);
 
     QSize sizeHint() const override;
 
@@ -41,7 +41,7 @@ private:
     void paintTimes(QPainter& painter, const QRectF& line) const;
 
     ApplicationIcons& m_icons;
-    HistoryEntry m_entry;
+    HistoryCardContent m_content;
 };
 
 } // namespace tolvar

@@ -111,8 +111,8 @@ const FocusSession* HistoryView::find(const QUuid& id) const {
     return &sessions[*place];
 }
 
-HistoryEntry HistoryView::entryOf(const FocusSession& session) const {
-    return HistoryEntry::of(session, m_summaries, m_focusManager.clock().now());
+HistoryCardContent HistoryView::contentOf(const FocusSession& session) const {
+    return HistoryCardContent::of(session, m_summaries, m_focusManager.clock().now());
 }
 
 QWidget* HistoryView::makeCard() {
@@ -121,7 +121,7 @@ QWidget* HistoryView::makeCard() {
 
 void HistoryView::fillCard(QWidget& card, const QUuid& id) {
     if (const FocusSession* session = find(id))
-        static_cast<HistoryCard&>(card).setContent(entryOf(*session));
+        static_cast<HistoryCard&>(card).setContent(contentOf(*session));
 }
 
 std::vector<SwipeAction> HistoryView::actions(const QUuid& id) {
@@ -154,13 +154,13 @@ QString HistoryView::cardName(const QUuid& id) const {
     const FocusSession* session = find(id);
     if (!session)
         return {};
-    const HistoryEntry entry = entryOf(*session);
-    return u"%1. %2"_s.arg(entry.title(), entry.spokenText());
+    const HistoryCardContent content = contentOf(*session);
+    return u"%1. %2"_s.arg(content.title(), content.spokenText());
 }
 
 std::optional<QString> HistoryView::recordName(const QUuid& id) const {
     const FocusSession* session = find(id);
-    return session ? std::optional(entryOf(*session).title()) : std::nullopt;
+    return session ? std::optional(contentOf(*session).title()) : std::nullopt;
 }
 
 /// A copy: the session may be deleted while its new goal is being written, and starts all the same.

@@ -2,7 +2,7 @@
 
 #include "Models/FocusSession.h"
 #include "Views/History/DayWatch.h"
-#include "Views/History/HistoryEntry.h"
+#include "Views/History/HistoryCardContent.h"
 #include "Views/History/PullToClear.h"
 #include "Views/Presets/BlockedSummary.h"
 #include "Views/Presets/CardScreen.h"
@@ -44,7 +44,7 @@ private:
     void startRecord(const QString& goal) override;
 
     const FocusSession* find(const QUuid& id) const;
-    HistoryEntry entryOf(const FocusSession& session) const;
+    HistoryCardContent contentOf(const FocusSession& session) const;
     SwipeAction restart(const QUuid& id);
     SwipeAction save(const FocusSession& session);
     void select(const QUuid& id);

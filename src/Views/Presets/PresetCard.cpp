@@ -48,10 +48,10 @@ PresetCard::PresetCard(const ControlContext& context, ApplicationIcons& icons, Q
     connect(m_start, &KeyButton::clicked, this, [this] { Q_EMIT selected(m_id); });
 }
 
-void PresetCard::setContent(const PresetEntry& entry, const QUuid& id) {
-    m_entry = entry;
+void PresetCard::setContent(const PresetCardContent& content, const QUuid& id) {
+    m_content = content;
     m_id = id;
-    m_start->setAccessibleDescription(entry.name);
+    m_start->setAccessibleDescription(content.name);
     update();
 }
 
@@ -71,10 +71,10 @@ PresetCard::Places PresetCard::places() const {
     places.start.setTop((height() - key.height()) / 2.0);
     places.start.setHeight(key.height());
     places.duration = CardLook::takeFromEnd(
-        line, Paint::textWidth(m_entry.duration, durationFont()), look.gap, layoutDirection());
+        line, Paint::textWidth(m_content.duration, durationFont()), look.gap, layoutDirection());
     places.duration.translate(0, -cardLook.rise);
     places.name = places.blocked = line;
-    if (m_entry.blocked.isEmpty())
+    if (m_content.blocked.isEmpty())
         return places;
     places.name.setTop(look.nameMiddle - cardLook.rise - look.lineHeight / 2);
     places.name.setHeight(look.lineHeight);
@@ -103,7 +103,7 @@ bool PresetCard::event(QEvent* event) {
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const QString app =
-        m_entry.blocked.appAt(help->pos(), places().blocked, m_icons, layoutDirection());
+        m_content.blocked.appAt(help->pos(), places().blocked, m_icons, layoutDirection());
     if (app.isEmpty())
         QToolTip::hideText();
     else
@@ -115,11 +115,11 @@ void PresetCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     Paint::bevel(painter, rect(), cardLook.radius, Bevel::card);
     const Places places = this->places();
-    Paint::text(painter, places.name, m_entry.name, CardLook::titleFont(), Palette::label,
+    Paint::text(painter, places.name, m_content.name, CardLook::titleFont(), Palette::label,
                 CardLook::leading(layoutDirection()));
-    m_entry.blocked.paint(painter, places.blocked, m_icons, layoutDirection());
-    Paint::text(painter, places.duration, m_entry.duration, durationFont(), Palette::labelSecondary,
-                CardLook::leading(layoutDirection()));
+    m_content.blocked.paint(painter, places.blocked, m_icons, layoutDirection());
+    Paint::text(painter, places.duration, m_content.duration, durationFont(),
+                Palette::labelSecondary, CardLook::leading(layoutDirection()));
 }
 
 } // namespace tolvar

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/Presets/PresetEntry.h"
+#include "Views/Presets/PresetCardContent.h"
 #include "Views/Shared/ControlContext.h"
 
 #include <QUuid>
@@ -22,8 +22,8 @@ public:
     /// `icons` outlives the card.
     PresetCard(const ControlContext& context, ApplicationIcons& icons, QWidget* parent = nullptr);
 
-    const PresetEntry& entry() const { return m_entry; }
-    void setContent(const PresetEntry& entry, const QUuid& id);
+    const PresetCardContent& content() const { return m_content; }
+    void setContent(const PresetCardContent& content, const QUuid& id);
 
     QSize sizeHint() const override;
 
@@ -50,7 +50,7 @@ private:
     void placeKey();
 
     ApplicationIcons& m_icons;
-    PresetEntry m_entry;
+    PresetCardContent m_content;
     QUuid m_id;
     KeyButton* m_start;
 };

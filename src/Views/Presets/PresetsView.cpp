@@ -61,7 +61,7 @@ QWidget* PresetsView::makeCard() {
 void PresetsView::fillCard(QWidget& card, const QUuid& id) {
     if (const FocusPreset* preset = find(id))
         static_cast<PresetCard&>(card).setContent(
-            PresetEntry::of(*preset, m_summaries, m_records.categoryStore.categories()), id);
+            PresetCardContent::of(*preset, m_summaries, m_records.categoryStore.categories()), id);
 }
 
 std::vector<SwipeAction> PresetsView::actions(const QUuid& id) {
@@ -72,9 +72,9 @@ QString PresetsView::cardName(const QUuid& id) const {
     const FocusPreset* preset = find(id);
     if (!preset)
         return {};
-    const PresetEntry entry =
-        PresetEntry::of(*preset, m_summaries, m_records.categoryStore.categories());
-    return u"%1. %2"_s.arg(entry.name, entry.spokenText());
+    const PresetCardContent content =
+        PresetCardContent::of(*preset, m_summaries, m_records.categoryStore.categories());
+    return u"%1. %2"_s.arg(content.name, content.spokenText());
 }
 
 std::optional<QString> PresetsView::recordName(const QUuid& id) const {

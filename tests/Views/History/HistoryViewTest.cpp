@@ -104,7 +104,7 @@ protected:
     QStringList goals() {
         QStringList goals;
         for (int place = 0; place < static_cast<int>(list().ids().size()); ++place)
-            goals << card(place).entry().goal;
+            goals << card(place).content().goal;
         return goals;
     }
     void pull(double points) { Q_EMIT list().pulled(points, CardList::Hand::holds); }
@@ -128,7 +128,7 @@ protected:
 
 TEST_F(HistoryViewTest, ShowsTheNewestFirst) {
     EXPECT_EQ(goals(), (QStringList{u"Goal 2"_s, u"Goal 1"_s, u"Goal 0"_s}));
-    EXPECT_EQ(card(0).entry().date, u"Today, 8:00 AM");
+    EXPECT_EQ(card(0).content().date, u"Today, 8:00 AM");
     EXPECT_EQ(list().rowRect(0).top(), 22);
 }
 
@@ -148,7 +148,7 @@ TEST_F(HistoryViewTest, PutsASessionThatEndsOnTop) {
     manager->startSession(session);
     manager->stopSession();
     EXPECT_EQ(goals().front(), u"New");
-    EXPECT_EQ(card(0).entry().outcomeText(), u"Ended early");
+    EXPECT_EQ(card(0).content().outcomeText(), u"Ended early");
 }
 
 TEST_F(HistoryViewTest, OffersToStartToSaveAndToDelete) {
@@ -296,11 +296,11 @@ TEST_F(HistoryViewTest, AsksNothingOnceItIsHidden) {
 }
 
 TEST_F(HistoryViewTest, SaysYesterdayAfterMidnight) {
-    EXPECT_EQ(card(0).entry().date, u"Today, 8:00 AM");
+    EXPECT_EQ(card(0).content().date, u"Today, 8:00 AM");
     desk.clock.advance(15 * hour - 1);
-    EXPECT_EQ(card(0).entry().date, u"Today, 8:00 AM");
+    EXPECT_EQ(card(0).content().date, u"Today, 8:00 AM");
     desk.clock.advance(1);
-    EXPECT_EQ(card(0).entry().date, u"Yesterday, 8:00 AM");
+    EXPECT_EQ(card(0).content().date, u"Yesterday, 8:00 AM");
 }
 
 TEST_F(HistoryViewTest, SaysYesterdayWhenItIsOpenedADayLater) {
@@ -308,14 +308,14 @@ TEST_F(HistoryViewTest, SaysYesterdayWhenItIsOpenedADayLater) {
     EXPECT_EQ(desk.clock.runningTimers(), 0u);
     desk.clock.advance(24 * hour);
     view->show();
-    EXPECT_EQ(card(0).entry().date, u"Yesterday, 8:00 AM");
+    EXPECT_EQ(card(0).content().date, u"Yesterday, 8:00 AM");
 }
 
 TEST_F(HistoryViewTest, KeepsFewWidgetsForALongHistory) {
     keep(2000);
     EXPECT_EQ(list().ids().size(), 2000u);
     EXPECT_LT(view->findChildren<HistoryCard*>().size(), 20);
-    EXPECT_EQ(card(1999).entry().goal, u"Goal 0");
+    EXPECT_EQ(card(1999).content().goal, u"Goal 0");
     EXPECT_LT(view->findChildren<HistoryCard*>().size(), 20);
 }
 

@@ -5,7 +5,7 @@
 #include "Support/FakeInstalledApplications.h"
 #include "Views/AppPicker/ApplicationIcons.h"
 #include "Views/Presets/BlockedSummaryRow.h"
-#include "Views/Presets/PresetEntry.h"
+#include "Views/Presets/PresetCardContent.h"
 
 #include <gtest/gtest.h>
 
@@ -104,10 +104,10 @@ TEST_F(ShownApps, AreKnownUnderThePointer) {
     EXPECT_EQ(row.appAt({208, 15}, line, icons, Qt::RightToLeft), u"A");
 }
 
-class PresetEntryTest : public testing::Test {
+class PresetCardContentTest : public testing::Test {
 protected:
-    PresetEntry entry(const std::vector<BlockCategory>& available) {
-        return PresetEntry::of(preset, summaries, available);
+    PresetCardContent content(const std::vector<BlockCategory>& available) {
+        return PresetCardContent::of(preset, summaries, available);
     }
 
     FocusPreset preset{.sourceSessionId = {},
@@ -119,19 +119,19 @@ protected:
     BlockedSummaries summaries;
 };
 
-TEST_F(PresetEntryTest, SaysWhatThePresetIs) {
-    const PresetEntry made = entry({chat, games});
+TEST_F(PresetCardContentTest, SaysWhatThePresetIs) {
+    const PresetCardContent made = content({chat, games});
     EXPECT_EQ(made.name, u"Deep work");
     EXPECT_EQ(made.duration, u"1h 30m");
     EXPECT_EQ(made.blocked.appNames, (QStringList{u"Chess"_s, u"Mail"_s, u"Steam"_s}));
     EXPECT_EQ(made.spokenText(), u"1h 30m. Blocks Chess, Mail, Steam, and 2 sites");
 }
 
-TEST_F(PresetEntryTest, ShowsItsOwnAppsWhereItsCategoriesAreGone) {
-    EXPECT_EQ(entry({}).blocked.appNames, QStringList{u"Mail"_s});
+TEST_F(PresetCardContentTest, ShowsItsOwnAppsWhereItsCategoriesAreGone) {
+    EXPECT_EQ(content({}).blocked.appNames, QStringList{u"Mail"_s});
     preset.customApps.clear();
-    EXPECT_TRUE(entry({}).blocked.isEmpty());
-    EXPECT_EQ(entry({}).spokenText(), u"1h 30m");
+    EXPECT_TRUE(content({}).blocked.isEmpty());
+    EXPECT_EQ(content({}).spokenText(), u"1h 30m");
 }
 
 } // namespace

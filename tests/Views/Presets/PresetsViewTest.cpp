@@ -63,7 +63,7 @@ protected:
     QStringList names() {
         QStringList names;
         for (int row = 0; row < static_cast<int>(list().ids().size()); ++row)
-            names << card(row).entry().name;
+            names << card(row).content().name;
         return names;
     }
     void give(const QString& goal) {
@@ -103,7 +103,7 @@ TEST_F(PresetsViewTest, ShowsPresetsInTheOrderInWhichTheyAreStored) {
     save(u"Read"_s);
     EXPECT_FALSE(empty().isVisible());
     EXPECT_EQ(names(), (QStringList{u"Write"_s, u"Read"_s}));
-    EXPECT_EQ(card(0).entry().duration, u"25m");
+    EXPECT_EQ(card(0).content().duration, u"25m");
 }
 
 TEST_F(PresetsViewTest, AsksForAGoalAndStartsWithIt) {
@@ -131,7 +131,7 @@ TEST_F(PresetsViewTest, StartsWithTheCategoriesAsTheyAreThen) {
 
 TEST_F(PresetsViewTest, StartsAPresetWhoseCategoriesAreGone) {
     save(u"Write"_s, {{u"gone"_s, u"Gone"_s, {u"Chess"_s}, {}}});
-    EXPECT_TRUE(card(0).entry().blocked.isEmpty());
+    EXPECT_TRUE(card(0).content().blocked.isEmpty());
     start(0);
     give(u"Chapter two"_s);
     ASSERT_TRUE(manager.activeSession());
@@ -142,7 +142,7 @@ TEST_F(PresetsViewTest, ShowsWhatACategoryHoldsNow) {
     const QString id = categories.categories().front().id;
     save(u"Write"_s, {categories.categories().front()});
     categories.setApps({u"Chess"_s}, id);
-    EXPECT_EQ(card(0).entry().blocked.appNames, QStringList{u"Chess"_s});
+    EXPECT_EQ(card(0).content().blocked.appNames, QStringList{u"Chess"_s});
 }
 
 TEST_F(PresetsViewTest, DeletesWithTheRevealedKey) {

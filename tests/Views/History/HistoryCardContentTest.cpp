@@ -1,4 +1,4 @@
-#include "Views/History/HistoryEntry.h"
+#include "Views/History/HistoryCardContent.h"
 
 #include "Support/HandClock.h"
 #include "Views/Presets/BlockedSummary.h"
@@ -12,9 +12,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class HistoryEntryTest : public testing::Test {
+class HistoryCardContentTest : public testing::Test {
 protected:
-    HistoryEntryTest() {
+    HistoryCardContentTest() {
         qputenv("TZ", "UTC");
         tzset();
         session.goal = u"  Write\nreport "_s;
@@ -24,18 +24,18 @@ protected:
         session.outcome = SessionOutcome::endedEarly;
     }
 
-    HistoryEntry entry() {
-        return HistoryEntry::of(session, summaries, HandClock::start, QLocale(u"en_US"_s));
+    HistoryCardContent content() {
+        return HistoryCardContent::of(session, summaries, HandClock::start, QLocale(u"en_US"_s));
     }
 
     FocusSession session;
     BlockedSummaries summaries;
 };
 
-TEST_F(HistoryEntryTest, SaysWhatTheSessionWas) {
+TEST_F(HistoryCardContentTest, SaysWhatTheSessionWas) {
     session.blockedApps = {u"Slack"_s, u"Chess"_s};
     session.blockCategories = {{u"Mine"_s, u"Mine"_s, {u"Mail"_s}, {u"a.org"_s, u"b.org"_s}}};
-    const HistoryEntry made = entry();
+    const HistoryCardContent made = content();
     EXPECT_EQ(made.title(), u"Write report");
     EXPECT_EQ(made.date, u"Today, 8:00 AM");
     EXPECT_EQ(made.focused, u"12 of 25 min");
@@ -44,33 +44,33 @@ TEST_F(HistoryEntryTest, SaysWhatTheSessionWas) {
     EXPECT_EQ(made.blocked.sitesText(), u"and 2 sites");
 }
 
-TEST_F(HistoryEntryTest, HasAWordForEachOutcomeAndNoneForNone) {
+TEST_F(HistoryCardContentTest, HasAWordForEachOutcomeAndNoneForNone) {
     session.outcome = SessionOutcome::completed;
-    EXPECT_EQ(entry().outcomeText(), u"Completed");
+    EXPECT_EQ(content().outcomeText(), u"Completed");
     session.outcome.reset();
-    EXPECT_EQ(entry().outcomeText(), u"");
+    EXPECT_EQ(content().outcomeText(), u"");
 }
 
-TEST_F(HistoryEntryTest, HasNoDateWhereTheSessionNeverBegan) {
+TEST_F(HistoryCardContentTest, HasNoDateWhereTheSessionNeverBegan) {
     session.startTime.reset();
-    EXPECT_EQ(entry().date, u"");
+    EXPECT_EQ(content().date, u"");
 }
 
-TEST_F(HistoryEntryTest, SaysThatThereWasNoGoal) {
+TEST_F(HistoryCardContentTest, SaysThatThereWasNoGoal) {
     session.goal = u" \n"_s;
-    EXPECT_TRUE(entry().goal.isEmpty());
-    EXPECT_EQ(entry().title(), u"No goal");
+    EXPECT_TRUE(content().goal.isEmpty());
+    EXPECT_EQ(content().title(), u"No goal");
 }
 
-TEST_F(HistoryEntryTest, CanBeReadAloud) {
+TEST_F(HistoryCardContentTest, CanBeReadAloud) {
     session.blockedApps = {u"Slack"_s};
     session.blockedWebsites = {u"a.org"_s};
-    EXPECT_EQ(entry().spokenText(),
+    EXPECT_EQ(content().spokenText(),
               u"Ended early. 12 of 25 min. Today, 8:00 AM. Blocks Slack and 1 site");
     session.startTime.reset();
     session.blockedApps.clear();
     session.blockedWebsites.clear();
-    EXPECT_EQ(entry().spokenText(), u"Ended early. 12 of 25 min");
+    EXPECT_EQ(content().spokenText(), u"Ended early. 12 of 25 min");
 }
 
 } // namespace

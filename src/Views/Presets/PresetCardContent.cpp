@@ -1,4 +1,4 @@
-#include "Views/Presets/PresetEntry.h"
+#include "Views/Presets/PresetCardContent.h"
 
 #include "Extensions/DurationFormatting.h"
 #include "Views/Presets/BlockedSummary.h"
@@ -9,8 +9,8 @@ namespace tolvar {
 
 using namespace Qt::StringLiterals;
 
-PresetEntry PresetEntry::of(const FocusPreset& preset, BlockedSummaries& summaries,
-                            const std::vector<BlockCategory>& available) {
+PresetCardContent PresetCardContent::of(const FocusPreset& preset, BlockedSummaries& summaries,
+                                        const std::vector<BlockCategory>& available) {
     return {.name = preset.name.simplified(),
             .blocked = BlockedSummaryRow::of(summaries.of(preset.customApps, preset.customWebsites,
                                                           preset.categories(available))),
@@ -18,7 +18,7 @@ PresetEntry PresetEntry::of(const FocusPreset& preset, BlockedSummaries& summari
                 isShowable(preset.duration) ? formattedCompact(preset.duration) : QString()};
 }
 
-QString PresetEntry::spokenText() const {
+QString PresetCardContent::spokenText() const {
     QStringList parts{duration, blocked.spokenText()};
     parts.removeAll(QString());
     return parts.join(u". "_s);

@@ -1,4 +1,4 @@
-#include "Views/History/HistoryEntry.h"
+#include "Views/History/HistoryCardContent.h"
 
 #include "Views/History/FocusedOfPlanned.h"
 #include "Views/History/RelativeDate.h"
@@ -10,8 +10,8 @@ namespace tolvar {
 
 using namespace Qt::StringLiterals;
 
-HistoryEntry HistoryEntry::of(const FocusSession& session, BlockedSummaries& summaries, Date now,
-                              const QLocale& locale) {
+HistoryCardContent HistoryCardContent::of(const FocusSession& session, BlockedSummaries& summaries,
+                                          Date now, const QLocale& locale) {
     return {.goal = session.goal.simplified(),
             .blocked = BlockedSummaryRow::of(summaries.of(
                 session.blockedApps, session.blockedWebsites, session.blockCategories)),
@@ -20,17 +20,17 @@ HistoryEntry HistoryEntry::of(const FocusSession& session, BlockedSummaries& sum
             .outcome = session.outcome};
 }
 
-QString HistoryEntry::title() const {
+QString HistoryCardContent::title() const {
     return goal.isEmpty() ? u"No goal"_s : goal;
 }
 
-QString HistoryEntry::outcomeText() const {
+QString HistoryCardContent::outcomeText() const {
     if (!outcome)
         return {};
     return *outcome == SessionOutcome::completed ? u"Completed"_s : u"Ended early"_s;
 }
 
-QString HistoryEntry::spokenText() const {
+QString HistoryCardContent::spokenText() const {
     QStringList parts{outcomeText(), focused, date, blocked.spokenText()};
     parts.removeAll(QString());
     return parts.join(u". "_s);

@@ -10,15 +10,15 @@ namespace tolvar {
 class BlockedSummaries;
 
 /// What a preset card says of its preset.
-struct PresetEntry {
+struct PresetCardContent {
     /// On one line.
     QString name;
     BlockedSummaryRow blocked;
     QString duration;
 
     /// With those of the preset's categories that are among `available`.
-    static PresetEntry of(const FocusPreset& preset, BlockedSummaries& summaries,
-                          const std::vector<BlockCategory>& available);
+    static PresetCardContent of(const FocusPreset& preset, BlockedSummaries& summaries,
+                                const std::vector<BlockCategory>& available);
 
     /// All but the name, in words.
     QString spokenText() const;

@@ -13,7 +13,7 @@ namespace tolvar {
 class BlockedSummaries;
 
 /// What a history card says of its session.
-struct HistoryEntry {
+struct HistoryCardContent {
     /// On one line; empty for a session without one.
     QString goal;
     BlockedSummaryRow blocked;
@@ -23,8 +23,8 @@ struct HistoryEntry {
     QString focused;
     std::optional<SessionOutcome> outcome;
 
-    static HistoryEntry of(const FocusSession& session, BlockedSummaries& summaries, Date now,
-                           const QLocale& locale = QLocale());
+    static HistoryCardContent of(const FocusSession& session, BlockedSummaries& summaries, Date now,
+                                 const QLocale& locale = QLocale());
 
     /// What stands where the goal does.
     QString title() const;
