@@ -4,6 +4,7 @@
 #include "Gallery/PickerPages.h"
 #include "Gallery/SessionPages.h"
 #include "Gallery/States.h"
+#include "Gallery/SwipePage.h"
 #include "Gallery/TouchPage.h"
 #include "Gallery/WindowPages.h"
 #include "Views/Paint/Paint.h"
@@ -294,7 +295,7 @@ const std::vector<Page>& pages() {
             {u"touch"_s, touch},     {u"keys"_s, keys},       {u"switches"_s, switches},
             {u"lamps"_s, lamps},     {u"fields"_s, fields},   {u"sheet"_s, sheet},
             {u"menus"_s, menus},     {u"symbols"_s, symbols}, {u"session"_s, sessionPage},
-            {u"pause"_s, pausePage}, {u"goals"_s, goalsPage}};
+            {u"pause"_s, pausePage}, {u"goals"_s, goalsPage}, swipePage()};
         std::ranges::copy(pickerPages(), std::back_inserter(made));
         std::ranges::copy(cardPages(), std::back_inserter(made));
         std::ranges::copy(windowPages(), std::back_inserter(made));

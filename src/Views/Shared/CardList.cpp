@@ -79,9 +79,9 @@ std::unique_ptr<CardRow> CardList::makeRow() {
     auto container = std::make_unique<SwipeActionsContainer>(m_context, m_timers, m_style.swipe,
                                                              m_source.makeCard(), viewport());
     SwipeActionsContainer* const made = container.get();
+    orderTabs(*made);
     made->setTakesTab(false);
     made->installEventFilter(this);
-    QWidget::setTabOrder(this, made);
     connect(made, &SwipeActionsContainer::openChanged, this, [this, made](bool isOpen) {
         if (const CardRow* row = m_rows.of(made); row && (isOpen || m_openId == row->id))
             setOpenId(isOpen ? std::optional(row->id) : std::nullopt);
@@ -94,6 +94,17 @@ std::unique_ptr<CardRow> CardList::makeRow() {
     });
     return std::make_unique<CardRow>(m_context.motion, std::move(container),
                                      [this](CardRow& row) { rowMoved(row); });
+}
+
+/// Qt orders only what takes the keyboard, and puts what is made late behind everything else.
+void CardList::orderTabs(SwipeActionsContainer& made) {
+    setFocusPolicy(Qt::StrongFocus);
+    QWidget* last = this;
+    for (QWidget* part : made.tabParts()) {
+        setTabOrder(last, part);
+        last = part;
+    }
+    setFocusPolicy(Qt::NoFocus);
 }
 
 void CardList::fill(CardRow& row) {

@@ -143,6 +143,7 @@ private:
     int scroll() const;
     std::unique_ptr<CardRow> makeRow();
     CardRow& rowFor(int row);
+    void orderTabs(SwipeActionsContainer& made);
     void fill(CardRow& row);
     bool isKept(const CardRow& row) const;
     QRect shownRect(const CardRow& row) const;

@@ -78,6 +78,7 @@ void CardRows::letLeave(const QUuid& id, const Curve& curve) {
         return;
     m_leaving.push_back(std::move(node.mapped()));
     SwipeActionsContainer& container = m_leaving.back()->container();
+    container.endInteraction();
     container.setTakesTab(false);
     container.setAttribute(Qt::WA_TransparentForMouseEvents);
     container.lower();

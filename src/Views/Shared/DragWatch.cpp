@@ -59,8 +59,7 @@ bool DragWatch::takeWindowEvent(QEvent& event) {
     switch (event.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        press(static_cast<QMouseEvent&>(event));
-        return false;
+        return press(static_cast<QMouseEvent&>(event));
     case QEvent::MouseMove:
         return move(static_cast<QMouseEvent&>(event));
     case QEvent::MouseButtonRelease:
@@ -73,14 +72,16 @@ bool DragWatch::takeWindowEvent(QEvent& event) {
     }
 }
 
-void DragWatch::press(const QMouseEvent& event) {
+/// Another button means nothing but that while a drag goes on.
+bool DragWatch::press(const QMouseEvent& event) {
     if (event.buttons() != Qt::LeftButton) {
         cancel();
-        return;
+        return m_stage == Stage::brokenOff;
     }
     m_pressed = widgetAt(m_area, event.position());
     m_stage = m_pressed ? Stage::pressed : Stage::idle;
     m_start = event.position();
+    return false;
 }
 
 bool DragWatch::move(const QMouseEvent& event) {
@@ -113,7 +114,7 @@ void DragWatch::decide(const QPointF& way) {
 /// What it began on is told that the hand let go elsewhere.
 bool DragWatch::release(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton)
-        return false;
+        return m_stage == Stage::dragging || m_stage == Stage::brokenOff;
     const Stage stage = std::exchange(m_stage, Stage::idle);
     if (stage != Stage::dragging && stage != Stage::brokenOff)
         return false;

@@ -43,7 +43,7 @@ private:
 
     void watch(QWindow* window);
     bool takeWindowEvent(QEvent& event);
-    void press(const QMouseEvent& event);
+    bool press(const QMouseEvent& event);
     bool move(const QMouseEvent& event);
     bool release(const QMouseEvent& event);
     void decide(const QPointF& way);

@@ -17,12 +17,12 @@ struct SwipeAction {
     /// On the key.
     Symbol symbol = Symbol::trash;
     /// Of the symbol on the key.
-    QColor tint;
+    QColor tint = {};
     bool isEnabled = true;
     /// It destroys something.
     bool isDestructive = false;
     /// May remove the row.
-    std::function<void()> action;
+    std::function<void()> action = {};
 };
 
 } // namespace tolvar

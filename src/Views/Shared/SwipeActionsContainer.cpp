@@ -127,7 +127,7 @@ void SwipeActionsContainer::makeKeys() {
     }
     m_keys.clear();
     for (const SwipeAction& action : m_actions)
-        m_keys.push_back(makeKey(action, static_cast<int>(m_keys.size())));
+        addKey(action);
     m_content->raise();
     m_closingLayer->raise();
     m_slideFade->raise();
@@ -140,7 +140,7 @@ void SwipeActionsContainer::makeKeys() {
         m_keys[index]->setFocus(Qt::OtherFocusReason);
 }
 
-KeyButton* SwipeActionsContainer::makeKey(const SwipeAction& action, int index) {
+void SwipeActionsContainer::addKey(const SwipeAction& action) {
     auto* key = new KeyButton(m_context, keyStyle(action, m_style.radius), action.title, this);
     key->setSymbol(action.symbol);
     key->setShowsText(false);
@@ -148,8 +148,10 @@ KeyButton* SwipeActionsContainer::makeKey(const SwipeAction& action, int index) 
     key->hide();
     key->installEventFilter(this);
     new KeyReveal(*key);
+    setTabOrder(tabParts().back(), key);
+    const int index = static_cast<int>(m_keys.size());
     connect(key, &KeyButton::clicked, this, [this, index] { perform(index); });
-    return key;
+    m_keys.push_back(key);
 }
 
 /// The action may set others, or destroy the row.
@@ -188,9 +190,14 @@ void SwipeActionsContainer::setOpen(bool open, Motion motion) {
     place();
 }
 
-void SwipeActionsContainer::rest() {
+void SwipeActionsContainer::endInteraction() {
     if (m_menu)
         m_menu->close();
+    setOpen(isOpen());
+}
+
+void SwipeActionsContainer::rest() {
+    endInteraction();
     setOpen(false, Motion::atOnce);
 }
 
@@ -284,14 +291,21 @@ void SwipeActionsContainer::setTakesTab(bool takes) {
         }
 }
 
-std::vector<QWidget*> SwipeActionsContainer::tabStops() {
-    std::vector<QWidget*> stops{this};
+std::vector<QWidget*> SwipeActionsContainer::tabParts() {
+    std::vector<QWidget*> parts{this};
     for (QWidget* part : m_content->findChildren<QWidget*>())
-        if (takesTabByItself(*part) && part->isVisible() && part->isEnabled())
-            stops.push_back(part);
-    for (KeyButton* key : m_keys)
-        if (key->isVisible() && key->isEnabled())
-            stops.push_back(key);
+        if (part->focusPolicy() != Qt::NoFocus)
+            parts.push_back(part);
+    parts.insert(parts.end(), m_keys.begin(), m_keys.end());
+    return parts;
+}
+
+std::vector<QWidget*> SwipeActionsContainer::tabStops() {
+    std::vector<QWidget*> stops = tabParts();
+    std::erase_if(stops, [this](const QWidget* part) {
+        return part != this &&
+               (!takesTabByItself(*part) || !part->isVisible() || !part->isEnabled());
+    });
     return stops;
 }
 
@@ -336,8 +350,7 @@ void SwipeActionsContainer::showEvent(QShowEvent* event) {
 void SwipeActionsContainer::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     watchScrolling(nullptr);
-    if (m_menu)
-        m_menu->close();
+    endInteraction();
     setOpen(isOpen(), Motion::atOnce);
 }
 

@@ -74,13 +74,17 @@ public:
     double offset() const;
     /// Whether a hand is at it, or its menu is open.
     bool isBusy() const;
-    /// Lets everything go and stands at rest, as before it shows another record.
+    /// Closes the menu and breaks off a gesture, because its record has gone.
+    void endInteraction();
+    /// The same, and closes the row at once, as before it shows another record.
     void rest();
 
     /// Whether Tab comes to the row and what is in it.
     void setTakesTab(bool takes);
-    /// What takes the keyboard in the row, in the order of Tab: the row itself, what is on the
-    /// content and, while it is open, its keys.
+    /// What may take the keyboard in the row, in the order of Tab: the row itself, what is on the
+    /// content, and its keys.
+    std::vector<QWidget*> tabParts();
+    /// Of them, those that take it now.
     std::vector<QWidget*> tabStops();
     /// Opens the menu of the row; `position` on the screen.
     void openMenu(const QPoint& position);
@@ -108,7 +112,7 @@ private:
     void watchScrolling(QWindow* window);
     bool takeScroll(const QWheelEvent& event);
     void makeKeys();
-    KeyButton* makeKey(const SwipeAction& action, int index);
+    void addKey(const SwipeAction& action);
     void dragTo(const QPointF& way);
     void scrollBy(double delta);
     void letGo();

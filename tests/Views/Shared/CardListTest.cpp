@@ -1,6 +1,7 @@
 #include "Views/Shared/CardList.h"
 
 #include "Support/HandClock.h"
+#include "Support/ToleratedWarning.h"
 #include "Views/Shared/ControlTest.h"
 #include "Views/Shared/KeyButton.h"
 #include "Views/Shared/WindowHand.h"
@@ -76,7 +77,7 @@ protected:
         below = new QPushButton(u"Below"_s, &window);
         below->setGeometry(20, 360, 80, 30);
         window.show();
-        window.activateWindow();
+        QApplication::setActiveWindow(&window);
     }
 
     static std::vector<QUuid> upTo(int count) {
@@ -244,6 +245,24 @@ TEST_F(CardListTest, TakesNoClicksOnARowThatIsOnItsWayOut) {
     change({});
     hand.click(point);
     EXPECT_EQ(clicked.count(), 0);
+}
+
+TEST_F(CardListTest, EndsWhatAHandDoesAtARowThatGoes) {
+    const ToleratedWarning offscreen(u"This plugin does not support"_s);
+    fillWith(10);
+    row(1).openMenu({});
+    const QPointer<QMenu> menu = row(1).findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    change(without(upTo(10), {1}));
+    EXPECT_TRUE(!menu || !menu->isVisible());
+    hand.press(hand.middleOf(row(1)));
+    hand.moveBy({-100, 0});
+    change(without(upTo(10), {1, 2}));
+    hand.moveBy({-10, 0});
+    hand.release();
+    EXPECT_EQ(list->openId(), std::nullopt);
+    settle();
+    EXPECT_THAT(seen(), ElementsAre(0, 3, 4, 5));
 }
 
 TEST_F(CardListTest, MakesRoomForARowAndFadesItIn) {
@@ -425,6 +444,7 @@ TEST_F(CardListTest, AsksForTheDeletionOfTheRowWithTheKeyboard) {
 }
 
 TEST_F(CardListTest, OffersWhatConcernsItAllInEveryMenu) {
+    const ToleratedWarning offscreen(u"This plugin does not support"_s);
     fillWith(1);
     list->setCommonActions({{.title = u"Clear…"_s}});
     row(0).openMenu({});

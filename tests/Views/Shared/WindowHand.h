@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
+#include <QtTest/qtestspontaneevent.h>
 
 namespace tolvar::test {
 
@@ -56,7 +56,7 @@ public:
         QWheelEvent event(point, m_window.mapToGlobal(point), scroll.pixels, scroll.angle,
                           m_buttons, scroll.modifiers, scroll.phase, scroll.isNatural,
                           Qt::MouseEventNotSynthesized, scroll.device);
-        QCoreApplication::sendEvent(m_window.windowHandle(), &event);
+        deliver(event);
     }
     /// A whole swipe of a touchpad, step by step.
     void swipe(const QPointF& point, const QPoint& step, int steps) {
@@ -70,7 +70,14 @@ private:
     void send(QEvent::Type type, Qt::MouseButton button) {
         const QPointF onScreen = m_window.mapToGlobal(m_point);
         QMouseEvent event(type, m_point, m_point, onScreen, button, m_buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(m_window.windowHandle(), &event);
+        deliver(event);
+    }
+
+    /// `sendEvent` would make it an event that the program has made, which is not handed on to
+    /// parents.
+    void deliver(QEvent& event) {
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(m_window.windowHandle(), &event);
     }
 
     QWidget& m_window;
