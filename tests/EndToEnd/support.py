@@ -130,6 +130,12 @@ class Windows:
         name = self._property(self._resource(window), "_NET_WM_NAME")
         return bytes(name).decode() if name else ""
 
+    def menu_is_open(self):
+        """Whether Tolvar has a window that no window manager sees."""
+        return any(self._class(window.id) == "tolvar" and self.is_in_view(window.id)
+                   and window.get_attributes().override_redirect
+                   for window in self._root.query_tree().children)
+
     def item_in_tray(self):
         """The window of Tolvar's item in an X11 tray; nothing while it is in none."""
         for window in self._below(self._root):

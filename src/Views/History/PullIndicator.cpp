@@ -38,7 +38,7 @@ void paintRing(QPainter& painter, const QRectF& box, double fraction, const QCol
     painter.drawEllipse(middle);
     if (fraction <= 0)
         return;
-    painter.setPen(QPen(ink, look.stroke, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(ink, look.stroke, Qt::SolidLine, Qt::FlatCap));
     painter.drawArc(middle, twelveOClock, -qRound(fullTurn * fraction));
 }
 

@@ -9,7 +9,11 @@
 #include "Views/ActiveSession/ActiveSessionView.h"
 #include "Views/AppPicker/AppPickerSheet.h"
 #include "Views/AppPicker/ApplicationIcons.h"
+#include "Views/FocusWindow/ModeButton.h"
 #include "Views/FocusWindow/ModeSelector.h"
+#include "Views/History/HistoryView.h"
+#include "Views/Presets/GoalInputSheet.h"
+#include "Views/Presets/PresetsView.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/KeyButton.h"
 #include "Views/StartSession/ChoiceKeys.h"
@@ -47,6 +51,19 @@ protected:
             if (key->name() == name)
                 return *key;
         throw std::runtime_error("no key " + name.toStdString());
+    }
+    void select(FocusTab tab) {
+        view.findChildren<ModeButton*>().at(static_cast<int>(tab))->click();
+        settle();
+    }
+    /// A session that has ended and a preset saved from it.
+    void keepRecords() {
+        FocusSession session;
+        session.goal = u"Write"_s;
+        session.duration = 60;
+        manager.startSession(session);
+        manager.stopSession();
+        manager.savePreset(manager.sessionHistory().back());
     }
     InstrumentField& goal() { return find<InstrumentField>(); }
     void settle() { frames.advance(5); }
@@ -240,6 +257,54 @@ TEST_F(FocusViewTest, TakesTheApplicationsThatArePicked) {
     goal().setText(u"Write"_s);
     find<StartSessionView>().start();
     EXPECT_EQ(manager.activeSession()->blockedApps, (std::vector<QString>{u"Chess"_s, u"Slack"_s}));
+}
+
+TEST_F(FocusViewTest, ShowsPresetsAndHistoryInTheirTabs) {
+    keepRecords();
+    select(FocusTab::presets);
+    EXPECT_TRUE(find<PresetsView>().isVisible());
+    EXPECT_EQ(find<PresetsView>().findChild<CardList*>()->ids().size(), 1u);
+    select(FocusTab::history);
+    EXPECT_FALSE(find<PresetsView>().isVisible());
+    EXPECT_EQ(find<HistoryView>().findChild<CardList*>()->rowRect(0).top(), 22);
+}
+
+TEST_F(FocusViewTest, ShowsTheSessionThatAPresetBegins) {
+    keepRecords();
+    select(FocusTab::presets);
+    key(u"Start"_s).click();
+    auto& sheet = find<GoalInputSheet>();
+    ASSERT_TRUE(sheet.isUp());
+    sheet.findChild<InstrumentField*>()->setText(u"Again"_s);
+    key(u"Start focus"_s).click();
+    settle();
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_TRUE(find<ActiveSessionView>().isVisible());
+    EXPECT_EQ(manager.activeSession()->goal, u"Again");
+}
+
+TEST_F(FocusViewTest, TakesBackWhatItAskedWhenASessionBeginsElsewhere) {
+    keepRecords();
+    select(FocusTab::presets);
+    key(u"Start"_s).click();
+    manager.startSession(manager.sessionHistory().back().restarted(u"Elsewhere"_s));
+    EXPECT_FALSE(find<GoalInputSheet>().isUp());
+}
+
+TEST_F(FocusViewTest, TakesBackWhatItAskedWhenTheWindowCloses) {
+    keepRecords();
+    select(FocusTab::presets);
+    key(u"Start"_s).click();
+    view.hide();
+    EXPECT_FALSE(find<GoalInputSheet>().isUp());
+    EXPECT_FALSE(driver.isAwake());
+}
+
+TEST_F(FocusViewTest, PutsTheKeyboardOnACardWhereCardsAreShown) {
+    keepRecords();
+    select(FocusTab::history);
+    view.takeKeyboard(Qt::OtherFocusReason);
+    EXPECT_EQ(view.focusWidget(), find<HistoryView>().findChild<CardList*>()->containerOf(0));
 }
 
 TEST_F(FocusViewTest, RestsWhenNothingHappens) {
