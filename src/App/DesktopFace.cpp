@@ -59,6 +59,7 @@ PopoverWindow& DesktopFace::popover() {
     if (m_popover)
         return *m_popover;
     auto* content = new FocusView({.context = m_environment.context,
+                                   .timers = m_environment.timers,
                                    .focusManager = m_environment.focusManager,
                                    .categoryStore = m_environment.categories,
                                    .installed = m_environment.installed,

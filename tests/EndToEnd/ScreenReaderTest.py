@@ -1,25 +1,13 @@
 """The whole window as somebody uses it who does not see it: found, read and pressed through the
 accessibility bus, and held against preferences, windows and notifications."""
 
-import json
-import os
-import sqlite3
 import unittest
-from pathlib import Path
 
 from screen_reader import ScreenReader, pyatspi
-from support import Guests, Notifications, Program, Windows, wait_until
+from support import Guests, Notifications, Program, Windows, stored, wait_until
 
 CATEGORIES = ["Social Media", "Shopping", "News", "Entertainment", "Gaming", "Messaging"]
 LENGTHS = ["5m", "15m", "25m", "45m", "1h", "2h"]
-
-
-def stored(key):
-    """A JSON document of the preferences, as another program reads it."""
-    file = Path(os.environ["XDG_DATA_HOME"]) / "tolvar" / "preferences.sqlite3"
-    with sqlite3.connect(f"file:{file}?mode=ro", uri=True) as database:
-        row = database.execute("SELECT value FROM preferences WHERE key = ?", (key,)).fetchone()
-    return json.loads(row[0]) if row else None
 
 
 class WithAScreenReader(unittest.TestCase):

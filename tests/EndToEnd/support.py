@@ -4,8 +4,10 @@ desktop that the test runs in (scripts/desktop with)."""
 import json
 import os
 import signal
+import sqlite3
 import subprocess
 import time
+from pathlib import Path
 
 import dbus
 import Xlib.display
@@ -27,6 +29,14 @@ def wait_until(what, holds, seconds=PATIENCE_SECONDS):
             raise AssertionError(f"{what}: not so after {seconds} s")
         time.sleep(0.001)
     return time.monotonic() - began
+
+
+def stored(key):
+    """A JSON document of the preferences, as another program reads it."""
+    file = Path(os.environ["XDG_DATA_HOME"]) / "tolvar" / "preferences.sqlite3"
+    with sqlite3.connect(f"file:{file}?mode=ro", uri=True) as database:
+        row = database.execute("SELECT value FROM preferences WHERE key = ?", (key,)).fetchone()
+    return json.loads(row[0]) if row else None
 
 
 class Program:
@@ -124,6 +134,12 @@ class Windows:
         name = self._property(self._resource(window), "_NET_WM_NAME")
         return bytes(name).decode() if name else ""
 
+    def menu_is_open(self):
+        """Whether Tolvar has a window that no window manager sees."""
+        return any(self._class(window.id) == "tolvar" and self.is_in_view(window.id)
+                   and window.get_attributes().override_redirect
+                   for window in self._root.query_tree().children)
+
     def item_in_tray(self):
         """The window of Tolvar's item in an X11 tray; nothing while it is in none."""
         for window in self._below(self._root):
@@ -175,6 +191,18 @@ class Hands:
     def click(self, x, y):
         xtest.fake_input(self._display, X.MotionNotify, x=x, y=y)
         xtest.fake_input(self._display, X.ButtonPress, 1)
+        xtest.fake_input(self._display, X.ButtonRelease, 1)
+        self._display.sync()
+
+    def drag(self, start, across, down, steps=8):
+        """From a place on the screen by so many pixels, in steps as a hand makes them."""
+        xtest.fake_input(self._display, X.MotionNotify, x=start[0], y=start[1])
+        xtest.fake_input(self._display, X.ButtonPress, 1)
+        for step in range(1, steps + 1):
+            xtest.fake_input(self._display, X.MotionNotify,
+                             x=start[0] + across * step // steps,
+                             y=start[1] + down * step // steps)
+            self._display.sync()
         xtest.fake_input(self._display, X.ButtonRelease, 1)
         self._display.sync()
 

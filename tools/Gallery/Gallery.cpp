@@ -3,6 +3,7 @@
 #include "Gallery/Pages.h"
 #include "Models/AppSettings.h"
 
+#include <QLocale>
 #include <QPixmap>
 #include <QWidget>
 
@@ -19,6 +20,7 @@ Studio::Studio(const MotionSettings& settings, InterfaceSound& sound)
 }
 
 bool render(const QDir& folder) {
+    QLocale::setDefault(QLocale::c());
     SilentInterfaceSound silence;
     Studio studio({.isReduced = true}, silence);
     bool isWritten = folder.mkpath(u"."_s);

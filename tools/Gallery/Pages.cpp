@@ -1,5 +1,6 @@
 #include "Gallery/Pages.h"
 
+#include "Gallery/CardPages.h"
 #include "Gallery/PickerPages.h"
 #include "Gallery/SessionPages.h"
 #include "Gallery/States.h"
@@ -296,6 +297,7 @@ const std::vector<Page>& pages() {
             {u"menus"_s, menus},     {u"symbols"_s, symbols}, {u"session"_s, sessionPage},
             {u"pause"_s, pausePage}, {u"goals"_s, goalsPage}, swipePage()};
         std::ranges::copy(pickerPages(), std::back_inserter(made));
+        std::ranges::copy(cardPages(), std::back_inserter(made));
         std::ranges::copy(windowPages(), std::back_inserter(made));
         return made;
     }();

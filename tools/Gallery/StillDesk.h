@@ -25,6 +25,7 @@ public:
         return std::make_unique<Timer>();
     }
     void pass(Seconds seconds) { m_now = m_now + seconds; }
+    void set(Date now) { m_now = now; }
 
 private:
     Date m_now{};
@@ -41,10 +42,20 @@ struct SessionMoment {
     Seconds pausedFor = -1;
 };
 
+/// What is kept from earlier days, and the moment to see it at.
+struct KeptRecords {
+    std::vector<FocusSession> history = {};
+    std::vector<FocusPreset> presets = {};
+    Date now = {};
+};
+
 /// An engine with nothing around it, at a moment of its own.
 struct StillDesk {
     /// At `moment` of a session, where there is one.
-    explicit StillDesk(const std::optional<SessionMoment>& moment = std::nullopt) {
+    explicit StillDesk(const std::optional<SessionMoment>& moment = std::nullopt,
+                       const KeptRecords& records = {})
+        : kept(preferences, records) {
+        time.set(records.now);
         preferences.registerDefaults(AppSettings::defaults());
         if (moment)
             play(*moment);
@@ -63,8 +74,18 @@ struct StillDesk {
         time.pass(moment.pausedFor);
     }
 
+    /// Stores records before anybody loads them.
+    struct Kept {
+        Kept(Preferences& preferences, const KeptRecords& records) {
+            SessionStore store(preferences);
+            store.saveHistory(records.history);
+            store.savePresets(records.presets);
+        }
+    };
+
     StillTime time;
     MemoryPreferences preferences;
+    Kept kept;
     NullWorkspace workspace;
     NullBrowserChannel browsers;
     NullBlockAlert alert;

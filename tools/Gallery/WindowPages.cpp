@@ -1,15 +1,18 @@
 #include "Gallery/WindowPages.h"
 
 #include "Gallery/SampleApplications.h"
+#include "Gallery/SampleRecords.h"
 #include "Gallery/States.h"
 #include "Gallery/StillDesk.h"
 #include "Platform/Null/NullIconThemeSettings.h"
 #include "Views/AppPicker/ApplicationIcons.h"
 #include "Views/FocusWindow/FocusView.h"
 #include "Views/FocusWindow/ModeButton.h"
+#include "Views/Shared/CardList.h"
 #include "Views/Shared/FadingScrollArea.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/KeyButton.h"
+#include "Views/Shared/Sheet.h"
 #include "Views/StartSession/StartSessionView.h"
 
 #include <QApplication>
@@ -32,10 +35,13 @@ namespace {
 class Stage final : public QWidget {
 public:
     explicit Stage(const ControlContext& context,
-                   const std::optional<SessionMoment>& moment = std::nullopt)
-        : m_desk(moment)
+                   const std::optional<SessionMoment>& moment = std::nullopt,
+                   const KeptRecords& records = {})
+        : m_desk(moment, records)
+        , m_installed(SampleApplications::few())
         , m_icons({m_installed, m_desk.workspace, m_theme})
         , m_view({.context = context,
+                  .timers = m_desk.time,
                   .focusManager = m_desk.manager,
                   .categoryStore = m_desk.categories,
                   .installed = m_installed,
@@ -73,6 +79,16 @@ public:
         m_view.resize(m_view.width(), height);
         setFixedSize(m_view.size());
     }
+    void openRow(int row) {
+        auto& list = *m_view.findChild<CardList*>();
+        m_view.grab();
+        list.setOpenId(list.ids().at(static_cast<std::size_t>(row)));
+    }
+    void ask(const QString& title) {
+        for (auto* question : m_view.findChildren<ConfirmationSheet*>())
+            if (question->accessibleName() == title)
+                question->rise();
+    }
     void scrollDown() {
         auto* bar = m_view.findChild<FadingScrollArea*>()->verticalScrollBar();
         m_view.grab();
@@ -81,7 +97,7 @@ public:
 
 private:
     StillDesk m_desk;
-    SampleApplications m_installed{SampleApplications::few()};
+    SampleApplications m_installed;
     NullIconThemeSettings m_theme;
     ApplicationIcons m_icons;
     FocusView m_view;
@@ -231,6 +247,33 @@ QWidget* lowPage(const ControlContext& context) {
                 low(new Stage(context), 340), low(new Stage(context, moment), 340)});
 }
 
+Stage* tab(const ControlContext& context, FocusTab tab) {
+    auto* stage =
+        new Stage(context, std::nullopt,
+                  {.history = sampleSessions(), .presets = samplePresets(), .now = sampleNow()});
+    stage->select(tab);
+    return stage;
+}
+
+QWidget* cardTabsPage(const ControlContext& context) {
+    auto* presets = tab(context, FocusTab::presets);
+    presets->openRow(1);
+    auto* history = tab(context, FocusTab::history);
+    auto* open = tab(context, FocusTab::history);
+    open->openRow(0);
+    return row({presets, history, open});
+}
+
+QWidget* cardTabsMirroredPage(const ControlContext& context) {
+    auto* open = tab(context, FocusTab::history);
+    open->openRow(1);
+    auto* clearing = tab(context, FocusTab::history);
+    clearing->ask(u"Clear All History?"_s);
+    auto* page = row({tab(context, FocusTab::presets), open, clearing});
+    page->setLayoutDirection(Qt::RightToLeft);
+    return page;
+}
+
 /// From the plan to the pause.
 QWidget* tourPage(const ControlContext& context) {
     auto* plan = new Stage(context);
@@ -255,7 +298,9 @@ std::vector<Page> windowPages() {
             {u"windowApps"_s, appsPage},
             {u"windowEnd"_s, endPage},
             {u"windowGoals"_s, goalsPage},
-            {u"windowLow"_s, lowPage}};
+            {u"windowLow"_s, lowPage},
+            {u"windowCards"_s, cardTabsPage},
+            {u"windowCardsMirrored"_s, cardTabsMirroredPage}};
 }
 
 } // namespace tolvar::gallery

@@ -5,8 +5,9 @@
 #include "Views/AppPicker/AppPickerSheet.h"
 #include "Views/FocusWindow/HeaderView.h"
 #include "Views/FocusWindow/ModeSelector.h"
-#include "Views/FocusWindow/RecordCounts.h"
 #include "Views/FocusWindow/SceneStack.h"
+#include "Views/History/HistoryView.h"
+#include "Views/Presets/PresetsView.h"
 #include "Views/Shared/FadingScrollArea.h"
 #include "Views/Shared/FocusRing.h"
 #include "Views/StartSession/StartSessionView.h"
@@ -22,6 +23,7 @@ namespace {
 struct Look {
     int selectorSide = 20;
     int aboveSelector = 16;
+    int aboveHistory = 22;
 };
 constexpr Look look;
 
@@ -78,9 +80,9 @@ QWidget* FocusView::screen(FocusTab tab) {
     case FocusTab::start:
         return screen = makeStartSession();
     case FocusTab::presets:
-        return screen = makePresetCount(m_environment.focusManager);
+        return screen = m_cardScreens[tab] = makePresets();
     case FocusTab::history:
-        return screen = makeHistoryCount(m_environment.focusManager);
+        return screen = m_cardScreens[tab] = makeHistory();
     }
     return nullptr;
 }
@@ -92,6 +94,23 @@ QWidget* FocusView::makeStartSession() {
                                            .icons = m_environment.icons});
     connect(m_startSession, &StartSessionView::appPickerRequested, this, &FocusView::pickApps);
     return m_startSession;
+}
+
+CardScreen* FocusView::makePresets() {
+    return new PresetsView(
+        {.context = m_environment.context,
+         .timers = m_environment.timers,
+         .focusManager = m_environment.focusManager,
+         .window = *this},
+        {.categoryStore = m_environment.categoryStore, .icons = m_environment.icons});
+}
+
+CardScreen* FocusView::makeHistory() {
+    return new HistoryView({.context = m_environment.context,
+                            .timers = m_environment.timers,
+                            .focusManager = m_environment.focusManager,
+                            .window = *this},
+                           m_environment.icons, {.topInset = look.aboveHistory});
 }
 
 void FocusView::pickApps() {
@@ -146,6 +165,8 @@ void FocusView::takeKeyboard(Qt::FocusReason reason) {
         m_activeSession->takeKeyboard(reason);
     else if (m_selectedTab == FocusTab::start)
         m_startSession->focusGoal(reason);
+    else
+        m_cardScreens.at(m_selectedTab)->takeKeyboard(reason);
 }
 
 void FocusView::paintEvent(QPaintEvent*) {

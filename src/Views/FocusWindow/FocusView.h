@@ -13,6 +13,7 @@ namespace tolvar {
 class ActiveSessionView;
 class AppPickerSheet;
 class ApplicationIcons;
+class CardScreen;
 class CategoryStore;
 class FocusManager;
 class HeaderView;
@@ -20,6 +21,7 @@ class InstalledApplications;
 class ModeSelector;
 class SceneStack;
 class StartSessionView;
+class TimerService;
 class Workspace;
 
 /// The whole window's content: the header and, below it, the session that is on, or the mode
@@ -36,6 +38,7 @@ public:
     /// What it shows and steers; all outlive it.
     struct Environment {
         ControlContext context;
+        TimerService& timers;
         FocusManager& focusManager;
         CategoryStore& categoryStore;
         const InstalledApplications& installed;
@@ -60,6 +63,8 @@ private:
     QWidget* makeTabs();
     QWidget* screen(FocusTab tab);
     QWidget* makeStartSession();
+    CardScreen* makePresets();
+    CardScreen* makeHistory();
     void select(FocusTab tab);
     void follow();
     void showSession();
@@ -75,6 +80,8 @@ private:
     SceneStack* m_screens = nullptr;
     std::map<FocusTab, QWidget*> m_tabScreens;
     StartSessionView* m_startSession = nullptr;
+    /// Those with cards that have been made.
+    std::map<FocusTab, CardScreen*> m_cardScreens;
     AppPickerSheet* m_appPicker = nullptr;
     QPointer<ActiveSessionView> m_activeSession;
     /// What the session's screen stands in.

@@ -78,8 +78,14 @@ QSize EmptyState::sizeHint() const {
     return {emptyStyle.messageWidth, qRound(height)};
 }
 
+void EmptyState::setOpacity(double opacity) {
+    m_opacity = opacity;
+    update();
+}
+
 void EmptyState::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setOpacity(m_opacity);
     QRectF column(QPointF(0, 0), QSizeF(sizeHint()));
     column.moveCenter(QRectF(rect()).center());
 

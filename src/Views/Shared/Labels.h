@@ -36,6 +36,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+    /// 0 to 1.
+    void setOpacity(double opacity);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -46,6 +48,7 @@ private:
     const Symbol m_symbol;
     const QString m_title;
     const QString m_message;
+    double m_opacity = 1;
 };
 
 } // namespace tolvar

@@ -21,7 +21,6 @@ namespace Palette = Instrument::Palette;
 
 struct Look {
     double radius = 14;
-    int padding = 20;
     /// How much of the window behind it is left dark.
     double dimming = 0.62;
     int textWidth = 280;
@@ -47,6 +46,7 @@ QLabel* label(const QString& text, const QFont& font, const QColor& ink) {
     inks.setColor(QPalette::WindowText, ink);
     made->setFont(font);
     made->setPalette(inks);
+    made->setTextFormat(Qt::PlainText);
     made->setWordWrap(true);
     made->setFixedWidth(look.textWidth);
     return made;
@@ -74,8 +74,7 @@ void Sheet::setContent(QWidget* content) {
 /// It comes up from below the window's edge.
 QRectF Sheet::card() const {
     const QSizeF size = m_content ? QSizeF(m_content->size()) : QSizeF();
-    QRectF rect(QPointF(0, 0),
-                size.grownBy(QMarginsF(look.padding, look.padding, look.padding, look.padding)));
+    QRectF rect(QPointF(0, 0), size.grownBy(QMarginsF(padding, padding, padding, padding)));
     rect.moveCenter(QRectF(this->rect()).center());
     rect.translate(0, (1 - m_height.value()) * (height() - rect.top()));
     return rect;
@@ -83,7 +82,7 @@ QRectF Sheet::card() const {
 
 void Sheet::place() {
     if (m_content)
-        m_content->move(card().topLeft().toPoint() + QPoint(look.padding, look.padding));
+        m_content->move(card().topLeft().toPoint() + QPoint(padding, padding));
     if (!m_isUp && !m_height.isMoving())
         hide();
     update();
@@ -92,6 +91,7 @@ void Sheet::place() {
 void Sheet::rise() {
     if (std::exchange(m_isUp, true))
         return;
+    setAttribute(Qt::WA_TransparentForMouseEvents, false);
     m_focusedBefore = window()->focusWidget();
     setGeometry(parentWidget()->rect());
     raise();
@@ -104,7 +104,11 @@ void Sheet::rise() {
 void Sheet::sink() {
     if (!std::exchange(m_isUp, false))
         return;
-    m_height.animateTo(0, Instrument::Motion::scene);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    if (isVisible())
+        m_height.animateTo(0, Instrument::Motion::scene);
+    else
+        m_height.jumpTo(0);
     if (m_focusedBefore)
         m_focusedBefore->setFocus(Qt::OtherFocusReason);
     place();
@@ -159,14 +163,15 @@ void Sheet::paintEvent(QPaintEvent*) {
 
 ConfirmationSheet::ConfirmationSheet(const ControlContext& context, const Texts& texts,
                                      QWidget& window)
-    : Sheet(context, texts.title, window) {
+    : Sheet(context, texts.title, window)
+    , m_message(label(texts.message, Instrument::font(12), Palette::labelSecondary)) {
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(label(texts.title, Instrument::font(15, QFont::Medium, 0.3), Palette::label));
     column->addSpacing(look.belowTitle);
-    column->addWidget(label(texts.message, Instrument::font(12), Palette::labelSecondary));
+    column->addWidget(m_message);
     column->addSpacing(look.belowMessage);
     auto* keys = new QHBoxLayout;
     keys->setSpacing(look.betweenKeys);
@@ -179,9 +184,17 @@ ConfirmationSheet::ConfirmationSheet(const ControlContext& context, const Texts&
     setContent(content);
     connect(cancel, &KeyButton::clicked, this, &Sheet::sink);
     connect(confirm, &KeyButton::clicked, this, [this] {
+        if (!isUp())
+            return;
         sink();
         Q_EMIT confirmed();
     });
+}
+
+void ConfirmationSheet::setMessage(const QString& message) {
+    m_message->setText(message);
+    setAccessibleDescription(message);
+    setContent(m_message->parentWidget());
 }
 
 } // namespace tolvar

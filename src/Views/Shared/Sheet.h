@@ -6,14 +6,20 @@
 #include <QPointer>
 #include <QWidget>
 
+class QLabel;
+
 namespace tolvar {
 
 /// A card that rises over a window and asks for something. While it is up the window behind it is
-/// dim and cannot be touched, and the keyboard stays within the card. Escape sends it away.
+/// dim and cannot be touched, and the keyboard stays within the card. Escape sends it away. One
+/// that sinks is in nobody's way any more.
 class Sheet : public QWidget {
     Q_OBJECT
 
 public:
+    /// Around what stands on the card, in points.
+    static constexpr int padding = 20;
+
     /// `window` is what it rises over; `title` is what it is called to those who do not see it.
     Sheet(const ControlContext& context, const QString& title, QWidget& window);
 
@@ -61,8 +67,13 @@ public:
 
     ConfirmationSheet(const ControlContext& context, const Texts& texts, QWidget& window);
 
+    void setMessage(const QString& message);
+
 Q_SIGNALS:
     void confirmed();
+
+private:
+    QLabel* m_message;
 };
 
 } // namespace tolvar

@@ -15,6 +15,7 @@ std::optional<HapticPattern> Feedback::pattern(Event event) {
     case Event::switchedOn:
     case Event::switchedOff:
     case Event::choiceToggled:
+    case Event::pullArmed:
         return HapticPattern::alignment;
     case Event::sessionStarted:
     case Event::sessionPaused:

@@ -24,6 +24,7 @@ public:
         sessionExtended,
         modeSelected,
         choiceToggled,
+        pullArmed,
     };
 
     /// All outlive the feedback.

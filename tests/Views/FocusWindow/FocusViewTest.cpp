@@ -9,7 +9,11 @@
 #include "Views/ActiveSession/ActiveSessionView.h"
 #include "Views/AppPicker/AppPickerSheet.h"
 #include "Views/AppPicker/ApplicationIcons.h"
+#include "Views/FocusWindow/ModeButton.h"
 #include "Views/FocusWindow/ModeSelector.h"
+#include "Views/History/HistoryView.h"
+#include "Views/Presets/GoalInputSheet.h"
+#include "Views/Presets/PresetsView.h"
 #include "Views/Shared/FadingScrollArea.h"
 #include "Views/Shared/InstrumentField.h"
 #include "Views/Shared/KeyButton.h"
@@ -52,6 +56,19 @@ protected:
     QRect placeOf(const QWidget& control) {
         return {control.mapTo(&view, QPoint(0, 0)), control.size()};
     }
+    void select(FocusTab tab) {
+        view.findChildren<ModeButton*>().at(static_cast<int>(tab))->click();
+        settle();
+    }
+    /// A session that has ended and a preset saved from it.
+    void keepRecords() {
+        FocusSession session;
+        session.goal = u"Write"_s;
+        session.duration = 60;
+        manager.startSession(session);
+        manager.stopSession();
+        manager.savePreset(manager.sessionHistory().back());
+    }
     InstrumentField& goal() { return find<InstrumentField>(); }
     void settle() { frames.advance(5); }
 
@@ -65,6 +82,7 @@ protected:
     NullIconThemeSettings theme;
     ApplicationIcons icons{{installed, desk.workspace, theme}};
     FocusView view{{.context = {driver, feedback},
+                    .timers = desk.clock,
                     .focusManager = manager,
                     .categoryStore = categories,
                     .installed = installed,
@@ -224,6 +242,7 @@ TEST_F(FocusViewTest, ShowsTheSessionThatRunsAlready) {
     session.duration = 60;
     manager.startSession(session);
     FocusView other({.context = {driver, feedback},
+                     .timers = desk.clock,
                      .focusManager = manager,
                      .categoryStore = categories,
                      .installed = installed,
@@ -274,6 +293,54 @@ TEST_F(FocusViewTest, BringsAControlThatTheKeyboardComesToClearOfTheEdge) {
     ASSERT_EQ(view.focusWidget(), &key(u"Entertainment"_s));
     const QRect place(view.focusWidget()->mapTo(&page, QPoint(0, 0)), view.focusWidget()->size());
     EXPECT_LE(place.bottom() + 1, page.height() - 20);
+}
+
+TEST_F(FocusViewTest, ShowsPresetsAndHistoryInTheirTabs) {
+    keepRecords();
+    select(FocusTab::presets);
+    EXPECT_TRUE(find<PresetsView>().isVisible());
+    EXPECT_EQ(find<PresetsView>().findChild<CardList*>()->ids().size(), 1u);
+    select(FocusTab::history);
+    EXPECT_FALSE(find<PresetsView>().isVisible());
+    EXPECT_EQ(find<HistoryView>().findChild<CardList*>()->rowRect(0).top(), 22);
+}
+
+TEST_F(FocusViewTest, ShowsTheSessionThatAPresetBegins) {
+    keepRecords();
+    select(FocusTab::presets);
+    key(u"Start"_s).click();
+    auto& sheet = find<GoalInputSheet>();
+    ASSERT_TRUE(sheet.isUp());
+    sheet.findChild<InstrumentField*>()->setText(u"Again"_s);
+    key(u"Start focus"_s).click();
+    settle();
+    EXPECT_FALSE(sheet.isVisible());
+    EXPECT_TRUE(find<ActiveSessionView>().isVisible());
+    EXPECT_EQ(manager.activeSession()->goal, u"Again");
+}
+
+TEST_F(FocusViewTest, TakesBackWhatItAskedWhenASessionBeginsElsewhere) {
+    keepRecords();
+    select(FocusTab::presets);
+    key(u"Start"_s).click();
+    manager.startSession(manager.sessionHistory().back().restarted(u"Elsewhere"_s));
+    EXPECT_FALSE(find<GoalInputSheet>().isUp());
+}
+
+TEST_F(FocusViewTest, TakesBackWhatItAskedWhenTheWindowCloses) {
+    keepRecords();
+    select(FocusTab::presets);
+    key(u"Start"_s).click();
+    view.hide();
+    EXPECT_FALSE(find<GoalInputSheet>().isUp());
+    EXPECT_FALSE(driver.isAwake());
+}
+
+TEST_F(FocusViewTest, PutsTheKeyboardOnACardWhereCardsAreShown) {
+    keepRecords();
+    select(FocusTab::history);
+    view.takeKeyboard(Qt::OtherFocusReason);
+    EXPECT_EQ(view.focusWidget(), find<HistoryView>().findChild<CardList*>()->containerOf(0));
 }
 
 TEST_F(FocusViewTest, RestsWhenNothingHappens) {

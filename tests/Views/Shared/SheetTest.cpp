@@ -4,6 +4,7 @@
 #include "Views/Shared/InstrumentSwitch.h"
 #include "Views/Shared/KeyButton.h"
 
+#include <QLabel>
 #include <QSignalSpy>
 
 namespace tolvar::test {
@@ -71,10 +72,37 @@ TEST_F(SheetTest, IsGoneWithoutATraceWhenItIsCancelled) {
     EXPECT_EQ(window.focusWidget(), &behind);
 }
 
+TEST_F(SheetTest, LetsTheMouseThroughAsSoonAsItSinks) {
+    raise();
+    EXPECT_NE(window.childAt(behind.geometry().center()), &behind);
+    click(keyNamed(u"Cancel"_s));
+    EXPECT_TRUE(sheet.isVisible());
+    EXPECT_EQ(window.childAt(behind.geometry().center()), &behind);
+    raise();
+    EXPECT_NE(window.childAt(behind.geometry().center()), &behind);
+}
+
+TEST_F(SheetTest, IsGoneAtOnceWhereNobodySeesItSink) {
+    raise();
+    window.hide();
+    sheet.sink();
+    EXPECT_FALSE(frames.isRunning());
+    window.show();
+    EXPECT_FALSE(sheet.isVisible());
+}
+
+TEST_F(SheetTest, AsksAboutWhatIsWrittenAndNotAboutItsMarkup) {
+    sheet.setMessage(u"Delete <b>this</b>?"_s);
+    EXPECT_EQ(accessible(sheet)->text(QAccessible::Description), u"Delete <b>this</b>?");
+    for (const QLabel* label : sheet.findChildren<QLabel*>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
 TEST_F(SheetTest, ConfirmsOnce) {
     raise();
     auto& key = keyNamed(u"Clear All"_s);
     click(key);
+    key.click();
     EXPECT_EQ(confirmed.count(), 1);
     EXPECT_FALSE(sheet.isUp());
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QImage>
+#include <QLocale>
 #include <QPixmap>
 #include <QWidget>
 
@@ -33,6 +34,7 @@ QString scale() {
 }
 
 QImage drawn(const Page& page) {
+    QLocale::setDefault(QLocale::c());
     QApplication::setStyle(new InstrumentStyle);
     SilentInterfaceSound silence;
     Studio studio({.isReduced = true}, silence);
