@@ -42,11 +42,15 @@ class Connection {
             return;
         }
         this.looking = true;
-        while (this.lookAgain && this === connection) {
-            this.lookAgain = false;
-            this.send(await shownTabs());
+        try {
+            while (this.lookAgain && this === connection) {
+                this.lookAgain = false;
+                this.send(await shownTabs());
+            }
+        } finally {
+            // Also where the browser could not tell: the next event asks it again.
+            this.looking = false;
         }
-        this.looking = false;
     }
 
     send(shown) {

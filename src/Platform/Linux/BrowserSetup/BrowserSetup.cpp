@@ -160,7 +160,8 @@ QString BrowserSetup::howToAddToFirefox() const {
     const QString place = m_environment.firefoxAddOns.value(0) + u'/' + addOnName();
     return u"add the extension once; for all users: sudo install -D -m 644 '%1' '%2'; or for "
            u"yourself: set xpinstall.signatures.required to false on the page about:config, then "
-           u"install %1 from file on the page about:addons"_s.arg(package, place);
+           u"install %1 from file on the page about:addons; Firefox as Mozilla releases it takes "
+           u"neither, because Mozilla did not sign the extension"_s.arg(package, place);
 }
 
 bool BrowserSetup::hasFirefoxAddOn() const {

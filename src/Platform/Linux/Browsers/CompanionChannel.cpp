@@ -2,8 +2,11 @@
 
 #include "BrowserHost/PrivateFolder.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <utility>
 
 namespace tolvar {
@@ -14,6 +17,8 @@ using namespace Qt::StringLiterals;
 using CompanionMessages::ShownTab;
 
 const QString logCategory = u"BrowserChannel"_s;
+/// Until it is tried again to let somebody in.
+constexpr std::chrono::seconds pauseAfterFailure(1);
 
 } // namespace
 
@@ -68,8 +73,8 @@ Subscription CompanionChannel::observeChanges(std::function<void()> changed) {
 void CompanionChannel::letIn() {
     Descriptor socket = m_socket->accept();
     if (!socket) {
-        // Too many open files, likely: the next change is soon enough.
-        m_arrivals->setEnabled(errno == EAGAIN || errno == ECONNABORTED);
+        if (errno != EAGAIN && errno != ECONNABORTED)
+            awaitArrivalsLater();
         return;
     }
     if (!PrivateFolder::isPeerOurs(socket.number())) {
@@ -77,7 +82,17 @@ void CompanionChannel::letIn() {
         return;
     }
     add(std::move(socket));
+    awaitArrivals();
+}
+
+void CompanionChannel::awaitArrivals() {
     m_arrivals->setEnabled(m_companions.size() < mostConnections);
+}
+
+/// Too many open files, likely, which only time can change: whoever waits still waits then.
+void CompanionChannel::awaitArrivalsLater() {
+    m_arrivals->setEnabled(false);
+    QTimer::singleShot(pauseAfterFailure, this, &CompanionChannel::awaitArrivals);
 }
 
 void CompanionChannel::add(Descriptor socket) {
@@ -120,7 +135,7 @@ void CompanionChannel::settle() {
     m_isSettling = false;
     std::erase_if(m_companions,
                   [](const auto& companion) { return companion->connection->hasEnded(); });
-    m_arrivals->setEnabled(m_companions.size() < mostConnections);
+    awaitArrivals();
     m_observers.tell();
 }
 

@@ -50,6 +50,8 @@ private:
     };
 
     void letIn();
+    void awaitArrivals();
+    void awaitArrivalsLater();
     void add(Descriptor socket);
     QString freeName(const QString& browser) const;
     Companion* companionNamed(const QString& browser);

@@ -296,6 +296,7 @@ TEST_F(BrowserSetupTest, AsksForTheFirefoxExtensionUntilItIsThere) {
     const std::string left = setup().found().front().remainder.toStdString();
     EXPECT_THAT(left, HasSubstr(m_environment.parts.firefoxPackage().toStdString()));
     EXPECT_THAT(left, HasSubstr(path(u"add-ons/browser@tolvar.app.xpi"_s).toStdString()));
+    EXPECT_THAT(left, HasSubstr("Mozilla did not sign")) << "where it cannot work is told";
     putFile(path(u"more add-ons/browser@tolvar.app.xpi"_s), "of another version");
     EXPECT_EQ(setup().found().front().remainder.toStdString(), left);
     putFile(path(u"more add-ons/browser@tolvar.app.xpi"_s), "of this version");

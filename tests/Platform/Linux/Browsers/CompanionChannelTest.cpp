@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -220,6 +221,37 @@ TEST_F(Companions, WaitOutsideWhileThereAreTooMany) {
         const auto browsers = channel.runningBrowsers();
         return !browsers.empty() && browsers.back() == u"firefox"_s;
     }));
+}
+
+/// Keeps this process from opening any further file.
+class NoFurtherFiles {
+public:
+    NoFurtherFiles() {
+        ::getrlimit(RLIMIT_NOFILE, &m_before);
+        const int next = ::dup(STDERR_FILENO);
+        ::close(next);
+        const rlimit none = {static_cast<rlim_t>(next), m_before.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoFurtherFiles() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
+    NoFurtherFiles(const NoFurtherFiles&) = delete;
+    NoFurtherFiles& operator=(const NoFurtherFiles&) = delete;
+
+private:
+    rlimit m_before = {};
+};
+
+TEST_F(Companions, AreLetInLateWhenTooManyFilesWereOpen) {
+    browserShowing(93, "https://example.com/", "firefox").hangUp();
+    ASSERT_TRUE(eventuallyRun({}));
+    settle();
+    PlayedCompanion companion(folder, "chromium");
+    {
+        const NoFurtherFiles limit;
+        settle();
+    }
+    EXPECT_THAT(channel.runningBrowsers(), SizeIs(0));
+    EXPECT_TRUE(eventuallyRun(texts({u"chromium"})));
 }
 
 TEST_F(Companions, OfAnotherUserAreHungUpOn) {
