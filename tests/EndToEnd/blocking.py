@@ -97,10 +97,9 @@ class Blocking:
 
     def visit_and_click(self, url):
         self.browser.visit(self.tab, url)
-        window = self.browser.window()
-        wait_until("the page is drawn", lambda: self.browser.url(self.tab) == url
-                   and self.browser.windows.title(window).startswith(DRAWN))
-        self.browser.click_page()
+        wait_until("the page is there", lambda: self.browser.url(self.tab) == url)
+        wait_until("the page can be clicked", lambda: self.browser.title().startswith(DRAWN))
+        self.browser.click_page(lambda: not self.browser.title().startswith(DRAWN))
 
     def test_a_redirect_is_blocked(self):
         self.focus()
@@ -128,6 +127,13 @@ class Blocking:
         tab = self.browser.open_by(lambda: self.visit_and_click(opener))
         self.assert_goes_blank(tab)
         self.assertEqual(self.browser.url(self.tab), opener)
+
+    def test_both_halves_of_a_split_window_are_blocked(self):
+        self.focus()
+        other = self.browser.split(self.tab)
+        for tab in (self.tab, other):
+            self.browser.visit(tab, PAGE)
+            self.assert_blocked_on_the_way(tab=tab)
 
     def test_a_tab_in_the_background_is_let_alone_until_it_is_shown(self):
         self.focus()

@@ -146,6 +146,10 @@ class Chromium(Browser):
     def open_window(self, url):
         return self._open(url, newWindow=True)
 
+    def split(self, tab):
+        self.window()
+        return self.open_by(lambda: self.hands.press_together("Alt_L", "Shift_L", "n"))
+
     def show(self, tab):
         self._tools.call("Target.activateTarget", targetId=tab)
 

@@ -135,6 +135,14 @@ class Firefox(Browser):
     def open_window(self, url):
         return self.open_by(lambda: self._run("front().openTrustedLinkIn(arguments[0], 'window')", url))
 
+    def split(self, tab):
+        other = self.open_tab(BLANK)
+        self._run("const tab = tabOf(arguments[0]); "
+                  "tab.ownerDocument.defaultView.gBrowser.addTabSplitView([tab, tabOf(arguments[1])])",
+                  tab, other)
+        self.show(other)
+        return other
+
     def show(self, tab):
         self._run("const tab = tabOf(arguments[0]); tab.ownerDocument.defaultView.gBrowser.selectedTab = tab", tab)
 
