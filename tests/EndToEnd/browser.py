@@ -110,6 +110,10 @@ class Browser:
         """What the user says about the extension and private windows."""
         raise NotImplementedError
 
+    def stop_extension(self):
+        """Ends the extension's script, which the browser starts again when something happens."""
+        raise NotImplementedError
+
     # The same for all.
 
     def kill(self):

@@ -163,6 +163,13 @@ class Firefox(Browser):
         """As the switch on the extension's page does it."""
         self._run(ALLOW_PRIVATE, EXTENSION_ID, allowed, method="WebDriver:ExecuteAsyncScript")
 
+    def stop_extension(self):
+        stopped = self._run("const [id, done] = arguments; WebExtensionPolicy.getByID(id).extension"
+                            ".terminateBackground({ignoreDevToolsAttached: true,"
+                            " disableResetIdleForTest: true}).then(() => done(true))",
+                            EXTENSION_ID, method="WebDriver:ExecuteAsyncScript")
+        assert stopped
+
     def _run(self, script, *arguments, method="WebDriver:ExecuteScript"):
         return self._marionette.call(method, script=PRELUDE + script, args=arguments)["value"]
 
