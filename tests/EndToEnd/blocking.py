@@ -7,7 +7,7 @@ import time
 from pathlib import Path
 
 from browser import BLANK, Home
-from support import WINDOW_MANAGER, Alerts, Program, Windows, wait_until
+from support import Alerts, Program, Windows, wait_until
 from websites import DRAWN, Websites, clingy, link, redirect, stateful
 
 BLOCKED = "distraction.example"
