@@ -70,9 +70,13 @@ class Connection {
     }
 }
 
+/** The tab in front in every window, and where a window is split in two, the one beside it. */
 async function shownTabs() {
-    const tabs = await api.tabs.query({active: true});
-    return tabs.map(({windowId, id, url}) => ({window: windowId, tab: id, url: shortened(url ?? "")}));
+    const front = await api.tabs.query({active: true});
+    const splits = front.map(tab => tab.splitViewId).filter(split => split !== undefined && split !== -1);
+    const halves = await Promise.all(splits.map(splitViewId => api.tabs.query({splitViewId})));
+    return [...front, ...halves.flat().filter(tab => !tab.active)].map(
+        ({windowId, id, url}) => ({window: windowId, tab: id, url: shortened(url ?? "")}));
 }
 
 /** Of an address too long to send, what says whose page it is. */
@@ -110,7 +114,7 @@ function connectLater(lost) {
 
 const look = () => connection?.look();
 
-api.tabs.onUpdated.addListener((_tab, {url}) => url !== undefined && look());
+api.tabs.onUpdated.addListener((_tab, change) => ("url" in change || "splitViewId" in change) && look());
 for (const event of [
     api.tabs.onActivated, api.tabs.onAttached, api.tabs.onDetached, api.tabs.onRemoved,
     api.tabs.onReplaced, api.windows.onCreated, api.windows.onRemoved,

@@ -86,6 +86,7 @@ class WithAScreenReader(unittest.TestCase):
         terminal = self.windows.wait_for("XTerm")
         self.open_window()
         self.reader.press("Block specific apps")
+        self.reader.write("Search apps", "XTerm")
         self.reader.press("XTerm", "list item")
         self.assert_told("1 app selected")
         self.reader.press("Done")

@@ -4,6 +4,7 @@ import os
 import signal
 import subprocess
 import tempfile
+import time
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -82,6 +83,10 @@ class Browser:
     def open_window(self, url):
         raise NotImplementedError
 
+    def split(self, tab):
+        """Shows another tab beside it, the one in front of the two, and returns that."""
+        raise NotImplementedError
+
     def show(self, tab):
         """Brings the tab to the front of its window."""
         raise NotImplementedError
@@ -103,6 +108,10 @@ class Browser:
 
     def allow_private(self, allowed):
         """What the user says about the extension and private windows."""
+        raise NotImplementedError
+
+    def stop_extension(self):
+        """Ends the extension's script, which the browser starts again when something happens."""
         raise NotImplementedError
 
     # The same for all.
@@ -151,10 +160,24 @@ class Browser:
         self.hands.write(address)
         self.hands.press("Return")
 
-    def click_page(self):
-        """In the middle of the window, where the page is."""
+    def title(self):
+        """Of the window that came last, which has the keyboard."""
+        return self.windows.title(self.window())
+
+    def click_page(self, was_clicked):
+        """In the middle of the window, where the page is. A page that has just been drawn may miss a
+        click; who clicks sees that and clicks once more."""
         x, y, width, height = self.windows.place(self.window())
-        self.hands.click(x + width // 2, y + height // 2)
+        again = 0
+
+        def is_done():
+            nonlocal again
+            if not was_clicked() and time.monotonic() > again:
+                again = time.monotonic() + 3
+                self.hands.click(x + width // 2, y + height // 2)
+            return was_clicked()
+
+        wait_until("the page was clicked", is_done)
 
     def go_back(self):
         self.window()

@@ -146,6 +146,10 @@ class Chromium(Browser):
     def open_window(self, url):
         return self._open(url, newWindow=True)
 
+    def split(self, tab):
+        self.window()
+        return self.open_by(lambda: self.hands.press_together("Alt_L", "Shift_L", "n"))
+
     def show(self, tab):
         self._tools.call("Target.activateTarget", targetId=tab)
 
@@ -169,6 +173,17 @@ class Chromium(Browser):
         self._evaluate(settings, "chrome.developerPrivate.updateExtensionConfiguration"
                        + f"({{extensionId: '{self._extension}', incognitoAccess: {json.dumps(allowed)}}})")
         self.close(settings)
+
+    def stop_extension(self):
+        workers = self._workers()
+        for worker in workers:
+            self._tools.call("Target.closeTarget", targetId=worker)
+        wait_until("the script has ended", lambda: not set(workers) & set(self._workers()))
+
+    def _workers(self):
+        targets = self._tools.call("Target.getTargets", filter=[{"type": "service_worker"}])
+        return [target["targetId"] for target in targets["targetInfos"]
+                if self._extension in target["url"]]
 
     def _evaluate(self, tab, expression):
         told = self._tools.call("Runtime.evaluate", self._sessions[tab], expression=expression,

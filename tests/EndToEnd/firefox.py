@@ -135,6 +135,14 @@ class Firefox(Browser):
     def open_window(self, url):
         return self.open_by(lambda: self._run("front().openTrustedLinkIn(arguments[0], 'window')", url))
 
+    def split(self, tab):
+        other = self.open_tab(BLANK)
+        self._run("const tab = tabOf(arguments[0]); "
+                  "tab.ownerDocument.defaultView.gBrowser.addTabSplitView([tab, tabOf(arguments[1])])",
+                  tab, other)
+        self.show(other)
+        return other
+
     def show(self, tab):
         self._run("const tab = tabOf(arguments[0]); tab.ownerDocument.defaultView.gBrowser.selectedTab = tab", tab)
 
@@ -154,6 +162,13 @@ class Firefox(Browser):
     def allow_private(self, allowed):
         """As the switch on the extension's page does it."""
         self._run(ALLOW_PRIVATE, EXTENSION_ID, allowed, method="WebDriver:ExecuteAsyncScript")
+
+    def stop_extension(self):
+        stopped = self._run("const [id, done] = arguments; WebExtensionPolicy.getByID(id).extension"
+                            ".terminateBackground({ignoreDevToolsAttached: true,"
+                            " disableResetIdleForTest: true}).then(() => done(true))",
+                            EXTENSION_ID, method="WebDriver:ExecuteAsyncScript")
+        assert stopped
 
     def _run(self, script, *arguments, method="WebDriver:ExecuteScript"):
         return self._marionette.call(method, script=PRELUDE + script, args=arguments)["value"]

@@ -212,17 +212,6 @@ class Hands:
         xtest.fake_input(self._display, X.ButtonRelease, 5)
         self._display.sync()
 
-    def have_key(self, name):
-        """Puts the symbol on a key that has none."""
-        first, count = self._display.display.info.min_keycode, 248
-        keys = self._display.get_keyboard_mapping(first, count)
-        spare = next(index for index, symbols in enumerate(keys) if not any(symbols))
-        symbol = XK.string_to_keysym(name)
-        self._display.change_keyboard_mapping(first + spare, [[symbol] * len(keys[spare])])
-        self._display.close()
-        # Which key is which is read once, at the beginning.
-        self._display = Xlib.display.Display()
-
     def press(self, *names):
         for name in names:
             code = self._display.keysym_to_keycode(XK.string_to_keysym(name))

@@ -11,7 +11,8 @@ class Websites:
     """A server on this computer for http alone. A browser gets here from any host, because its own
     looking up of names leads here or because it takes the server for its proxy.
 
-    A page is one area that can be clicked: it does what the page is for.
+    A page is one area that can be clicked: it does what the page is for. Its title tells when it can be,
+    and that it was.
     """
 
     def __init__(self):
@@ -59,7 +60,7 @@ CLICKS = {
 }
 
 
-DRAWN = "This page is drawn"
+DRAWN, CLICKED = "This page is drawn", "This page was clicked"
 WHEN_DRAWN = f"requestAnimationFrame(() => setTimeout(() => document.title = '{DRAWN}'))"
 
 
@@ -93,6 +94,6 @@ class Visit(BaseHTTPRequestHandler):
 
 
 def page(host, on_click, target):
-    action = escape(on_click.format(to=target))
+    action = escape(f"document.title = '{CLICKED}'; " + on_click.format(to=target))
     return (f"<!doctype html><body onclick=\"{action}\" onload=\"{WHEN_DRAWN}\" "
             f"style='margin:0;height:100vh;background:seagreen;color:white'><h1>{escape(host)}</h1>")

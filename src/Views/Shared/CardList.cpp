@@ -213,15 +213,16 @@ void CardList::setIds(std::vector<QUuid> ids, Change change) {
     const bool isAnimated = change == Change::animated && isVisible();
     const Before before{m_column, scroll()};
     const Tops tops = shownTops();
-    const bool hadFocus = m_rows.of(QApplication::focusWidget());
     m_isChanging = true;
     m_column.setIds(std::move(ids));
+    const CardRow* focused = m_rows.of(QApplication::focusWidget());
+    const bool losesFocus = focused && rowOf(focused->id) < 0;
     updateScrollRange();
     keepPlaceUnderTheEye(before);
     handOnCurrent(before);
-    if (const int row = currentRow(); hadFocus && row >= 0)
+    if (const int row = currentRow(); losesFocus && row >= 0)
         rowFor(row).container().setFocus(Qt::OtherFocusReason);
-    else if (hadFocus)
+    else if (losesFocus)
         QAbstractScrollArea::focusNextPrevChild(true);
     removeRows(tops, isAnimated);
     layOut();

@@ -3,7 +3,6 @@
 #include "Views/Paint/Paint.h"
 #include "Views/Theme/Instrument.h"
 
-#include <QMoveEvent>
 #include <QPainterPath>
 #include <QVBoxLayout>
 
@@ -117,13 +116,18 @@ void FloatingPanel::standAt(const QPoint& corner) {
     move(corner);
 }
 
-/// In the event loop: the toolkit is in the midst of taking note of the place.
-void FloatingPanel::moveEvent(QMoveEvent* event) {
-    if (!isVisible() || event->pos() == m_corner || m_movesLeft == 0)
+/// In the event loop: the toolkit is in the midst of taking note of the place. The window itself
+/// counts, not the frame that is about to go.
+void FloatingPanel::moveEvent(QMoveEvent*) {
+    if (!isVisible() || geometry().topLeft() == m_corner || m_movesLeft == 0)
         return;
     --m_movesLeft;
     QMetaObject::invokeMethod(
-        this, [this] { move(m_corner); }, Qt::QueuedConnection);
+        this,
+        [this] {
+            setGeometry({m_corner, size()});
+        },
+        Qt::QueuedConnection);
 }
 
 void FloatingPanel::limitHeight(int height) {

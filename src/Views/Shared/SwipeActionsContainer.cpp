@@ -375,7 +375,7 @@ void SwipeActionsContainer::changeEvent(QEvent* event) {
 
 void SwipeActionsContainer::keyPressEvent(QKeyEvent* event) {
     if (isMenuKey(*event))
-        openMenu(mapToGlobal(rect().center()));
+        openMenuByKey();
     else if (event->key() == Qt::Key_Delete && isWithoutModifiers(*event) && !event->isAutoRepeat())
         Q_EMIT deleteRequested();
     else if (event->key() == Qt::Key_Escape && isOpen())
@@ -385,8 +385,17 @@ void SwipeActionsContainer::keyPressEvent(QKeyEvent* event) {
 }
 
 void SwipeActionsContainer::contextMenuEvent(QContextMenuEvent* event) {
-    openMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
-                                                         : mapToGlobal(rect().center()));
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        openMenuByKey();
+    else
+        openMenu(event->globalPos());
+}
+
+/// The keyboard begins on its first line.
+void SwipeActionsContainer::openMenuByKey() {
+    openMenu(mapToGlobal(rect().center()));
+    if (m_menu && !m_menu->activeAction())
+        m_menu->setActiveAction(m_menu->actions().front());
 }
 
 } // namespace tolvar

@@ -109,6 +109,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void openMenuByKey();
     void watchScrolling(QWindow* window);
     bool takeScroll(const QWheelEvent& event);
     void makeKeys();

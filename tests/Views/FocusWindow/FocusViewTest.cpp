@@ -67,6 +67,7 @@ protected:
         session.duration = 60;
         manager.startSession(session);
         manager.stopSession();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         manager.savePreset(manager.sessionHistory().back());
     }
     InstrumentField& goal() { return find<InstrumentField>(); }

@@ -428,6 +428,10 @@ TEST_F(CardListTest, LeavesTheKeyboardWhereItIsWhenARowGoesThatDoesNotHaveIt) {
     row(2).setFocus();
     change(without(upTo(10), {1}));
     EXPECT_EQ(numberOn(row(focusedRow())), 2);
+    auto* key = static_cast<NumberCard&>(row(focusedRow()).content()).key;
+    key->setFocus();
+    change(without(upTo(10), {1, 4}));
+    EXPECT_TRUE(key->hasFocus());
     above->setFocus();
     change(without(upTo(10), {1, 2}));
     EXPECT_TRUE(above->hasFocus());

@@ -361,6 +361,7 @@ TEST_F(SwipeActionsContainerTest, OffersItsActionsInAMenu) {
                     ElementsAre(u"Start"_s, u"Saved"_s, u"Delete"_s, u"-"_s, u"Clear R&&D…"_s));
         EXPECT_FALSE(menu()->actions()[1]->isEnabled());
         EXPECT_FALSE(menu()->actions()[0]->icon().isNull());
+        EXPECT_EQ(menu()->activeAction(), menu()->actions()[0]);
         EXPECT_TRUE(container->isBusy());
         menu()->actions()[0]->trigger();
         EXPECT_THAT(takeDone(), ElementsAre(u"start"_s));
