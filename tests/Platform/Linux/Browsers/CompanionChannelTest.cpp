@@ -192,11 +192,11 @@ TEST_F(Companions, MustTellTheirNameInTime) {
     PlayedCompanion companion(folder, "chromium");
     settle();
     EXPECT_THAT(channel.runningBrowsers(), SizeIs(0)) << "it waits outside";
-    clock.advance(CompanionChannel::patience);
+    clock.advance(Seconds(CompanionChannel::patience.count()));
     EXPECT_TRUE(silent.front().isHungUpOn());
     ASSERT_TRUE(eventuallyRun(texts({u"chromium"})));
     EXPECT_THAT(log.take(), SizeIs(CompanionChannel::mostConnections)) << "one line for each";
-    clock.advance(CompanionChannel::patience);
+    clock.advance(Seconds(CompanionChannel::patience.count()));
     settle();
     EXPECT_EQ(channel.runningBrowsers(), texts({u"chromium"})) << "who told it may stay";
 }
