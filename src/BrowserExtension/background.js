@@ -42,11 +42,14 @@ class Connection {
             return;
         }
         this.looking = true;
-        while (this.lookAgain && this === connection) {
-            this.lookAgain = false;
-            this.send(await shownTabs());
+        try {
+            while (this.lookAgain && this === connection) {
+                this.lookAgain = false;
+                this.send(await shownTabs());
+            }
+        } finally {
+            this.looking = false;
         }
-        this.looking = false;
     }
 
     send(shown) {
