@@ -14,7 +14,7 @@ const api = globalThis.browser ?? globalThis.chrome;
 
 const hostName = "app.tolvar.browser";
 const firstDelay = 250; // ms until a lost host is looked for again; doubled while it cannot be had
-const longestDelay = 8000;
+const longestDelay = 40000; // longer than browsers keep an idle script: without a host it ends
 const steadyAfter = 5000; // ms after which a host counts as one that can be had
 const longestUrl = 8192; // characters; keeps every picture far below what the host accepts at once
 

@@ -99,7 +99,7 @@ class Browser:
         raise NotImplementedError
 
     def stay_on_page(self):
-        """Answers that question."""
+        """Answers that question, where the browser waits for it."""
         raise NotImplementedError
 
     def leave_page(self):
