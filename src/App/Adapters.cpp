@@ -72,8 +72,8 @@ std::unique_ptr<PointerPresses> Adapters::pointerPresses() {
     return std::make_unique<X11PointerPresses>();
 }
 
-std::unique_ptr<BrowserChannel> Adapters::browserChannel(SystemLog& log) {
-    return std::make_unique<CompanionChannel>(PrivateFolder::path(), log);
+std::unique_ptr<BrowserChannel> Adapters::browserChannel(SystemLog& log, TimerService& timers) {
+    return std::make_unique<CompanionChannel>(PrivateFolder::path(), log, timers);
 }
 
 std::unique_ptr<AccessibilitySettings> Adapters::accessibilitySettings(const QDBusConnection& bus) {

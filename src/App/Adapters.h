@@ -38,7 +38,7 @@ std::unique_ptr<IconThemeSettings> iconThemeSettings();
 std::unique_ptr<PanelWindows> panelWindows();
 std::unique_ptr<PointerPresses> pointerPresses();
 /// The browsers in which Tolvar's extension runs, from now on. `log` outlives it.
-std::unique_ptr<BrowserChannel> browserChannel(SystemLog& log);
+std::unique_ptr<BrowserChannel> browserChannel(SystemLog& log, TimerService& timers);
 /// `bus` need not be connected.
 std::unique_ptr<AccessibilitySettings> accessibilitySettings(const QDBusConnection& bus);
 /// Opens nothing before it is started. To be called on the main thread.

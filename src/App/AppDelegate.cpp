@@ -30,7 +30,7 @@ AppDelegate::AppDelegate(const BundleInfo& bundle, const QDBusConnection& bus)
     , m_preferences(preferencesWithDefaults(Adapters::preferences(*m_log, m_timers)))
     , m_workspace(Adapters::workspace(*m_log))
     , m_installed(Adapters::installedApplications())
-    , m_browsers(Adapters::browserChannel(*m_log))
+    , m_browsers(Adapters::browserChannel(*m_log, m_timers))
     , m_audioDevice(Adapters::audioDevice())
     , m_audioFiles(Adapters::audioFileReader())
     , m_sound({.device = *m_audioDevice,

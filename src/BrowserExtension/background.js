@@ -16,7 +16,8 @@ const hostName = "app.tolvar.browser";
 const firstDelay = 250; // ms until a lost host is looked for again; doubled while it cannot be had
 const longestDelay = 40000; // longer than browsers keep an idle script: without a host it ends
 const steadyAfter = 5000; // ms after which a host counts as one that can be had
-const longestUrl = 8192; // characters; keeps every picture far below what the host accepts at once
+const longestUrl = 8192; // characters
+const longestUrls = 128 * 1024; // characters of all in a picture: even escaped, the host accepts it at once
 
 /** The present connection to the host; null between two of them. */
 let connection = null;
@@ -65,7 +66,7 @@ class Connection {
         if (message?.command === "list") {
             this.look(true);
         } else if (message?.command === "blank" && Array.isArray(message.tabs)) {
-            this.sent.map(({tab}) => tab).filter(tab => message.tabs.includes(tab)).forEach(sendAway);
+            this.sent.filter(({tab}) => message.tabs.includes(tab)).forEach(sendAway);
         }
     }
 }
@@ -75,28 +76,40 @@ async function shownTabs() {
     const front = await api.tabs.query({active: true});
     const splits = front.map(tab => tab.splitViewId).filter(split => split !== undefined && split !== -1);
     const halves = await Promise.all(splits.map(splitViewId => api.tabs.query({splitViewId})));
-    return [...front, ...halves.flat().filter(tab => !tab.active)].map(
-        ({windowId, id, url}) => ({window: windowId, tab: id, url: shortened(url ?? "")}));
+    const shown = [...front, ...halves.flat().filter(tab => !tab.active)];
+    const longest = Math.min(longestUrl, Math.floor(longestUrls / shown.length));
+    return shown.map(({windowId, id, url}) => ({window: windowId, tab: id, url: shortened(url ?? "", longest)}));
 }
 
 /** Of an address too long to send, what says whose page it is. */
-function shortened(url) {
-    return url.length <= longestUrl ? url : new URL(url).origin;
+function shortened(url, longest) {
+    return url.length <= longest ? url : new URL(url).origin.slice(0, longest);
 }
 
 function equal(some, others) {
     return JSON.stringify(some) === JSON.stringify(others);
 }
 
-/** A tab that is gone, or held by the user at this moment, is Tolvar's to see at its next look. */
-function sendAway(tab) {
-    api.tabs.update(tab, {url: "about:blank"}).catch(() => {});
+/** Leaves a tab alone that went to another host since it was told of: Tolvar hears of that anyway. A tab
+    that is gone, or held by the user at this moment, is Tolvar's to see at its next look. */
+async function sendAway({tab, url}) {
+    try {
+        const now = await api.tabs.get(tab);
+        if (new URL(now.url).host === new URL(url).host) {
+            await api.tabs.update(tab, {url: "about:blank"});
+        }
+    } catch {
+        // Gone or held.
+    }
 }
 
 function connect() {
     const port = api.runtime.connectNative(hostName);
     const made = connection = new Connection(port);
-    port.onMessage.addListener(message => made.obey(message));
+    port.onMessage.addListener(message => {
+        delay = firstDelay;
+        made.obey(message);
+    });
     port.onDisconnect.addListener(() => {
         void api.runtime.lastError; // read, so that the browser does not report it as an error of ours
         connectLater(made);

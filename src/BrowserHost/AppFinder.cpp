@@ -41,7 +41,7 @@ AppFinder::AppFinder(std::string folder)
 /// The watch is there before the look, so that nothing is missed in between.
 Descriptor AppFinder::connect() {
     m_retryTime.reset();
-    m_watch = Descriptor(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+    beginWatch();
     PrivateFolder::make(m_folder);
     const Descriptor folder = PrivateFolder::open(m_folder);
     watchFor(folder);
@@ -53,12 +53,23 @@ Descriptor AppFinder::connect() {
     return app;
 }
 
+void AppFinder::beginWatch() {
+    m_watch = Descriptor(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+    if (!m_watch)
+        giveUpWatch();
+}
+
 /// Where the folder is not one to be trusted, the one above it is watched for a better one.
 void AppFinder::watchFor(const Descriptor& folder) {
     const std::string above = m_folder.substr(0, m_folder.rfind('/') + 1);
     const std::string watched = folder ? PrivateFolder::pathIn(folder, ".") : above;
-    if (::inotify_add_watch(m_watch.number(), watched.c_str(), arrivals | losses) < 0)
-        m_watch.reset();
+    if (m_watch && ::inotify_add_watch(m_watch.number(), watched.c_str(), arrivals | losses) < 0)
+        giveUpWatch();
+}
+
+void AppFinder::giveUpWatch() {
+    m_watchError = errno;
+    m_watch.reset();
 }
 
 Descriptor AppFinder::connectIn(const Descriptor& folder) {

@@ -28,6 +28,9 @@ public:
     /// Readable when something happened in the folder; -1 when nothing can be watched, which makes
     /// waiting useless.
     int watch() const { return m_watch.number(); }
+    /// The error number that tells why nothing can be watched.
+    int watchError() const { return m_watchError; }
+    const std::string& folder() const { return m_folder; }
     /// When to try again though nothing happens; usually there is no such time.
     std::optional<Clock::time_point> retryTime() const { return m_retryTime; }
 
@@ -45,13 +48,16 @@ private:
     };
 
     static Identity identityOf(const struct stat& facts);
+    void beginWatch();
     void watchFor(const Descriptor& folder);
+    void giveUpWatch();
     Descriptor connectIn(const Descriptor& folder);
     Descriptor connectTo(const Descriptor& folder);
     bool mustWait(const Identity& socket);
 
     std::string m_folder;
     Descriptor m_watch;
+    int m_watchError = 0;
     std::optional<Clock::time_point> m_retryTime;
     Identity m_lastSocket;
     Clock::time_point m_connectTime;

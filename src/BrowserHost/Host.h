@@ -24,6 +24,7 @@ public:
     enum class Outcome { browserLeft, wrongFrame, nowhereToWait };
     /// Runs until the browser ends the connection, or until nothing sensible can be done.
     Outcome run();
+    const AppFinder& finder() const { return m_finder; }
 
 private:
     enum class Step { goOn, end };

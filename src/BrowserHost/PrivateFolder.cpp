@@ -19,6 +19,12 @@ std::string folderIn(const char* variable) {
     return value != nullptr && value[0] == '/' ? value : "";
 }
 
+bool isUsable(const std::string& folder) {
+    struct stat facts = {};
+    return ::stat(folder.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
+           ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
 std::string dataHome() {
     if (std::string data = folderIn("XDG_DATA_HOME"); !data.empty())
         return data;
@@ -29,7 +35,7 @@ std::string dataHome() {
 } // namespace
 
 std::string path() {
-    if (const std::string runtime = folderIn("XDG_RUNTIME_DIR"); !runtime.empty())
+    if (const std::string runtime = folderIn("XDG_RUNTIME_DIR"); isUsable(runtime))
         return runtime + "/tolvar";
     const std::string data = dataHome();
     return data.empty() ? "" : data + "/tolvar/browser";

@@ -14,8 +14,9 @@ namespace tolvar::PrivateFolder {
 /// The name of the socket in the folder.
 inline constexpr char socketName[] = "browser.sock";
 
-/// "tolvar" in XDG_RUNTIME_DIR; where that is not set, "tolvar/browser" in XDG_DATA_HOME (XDG Base
-/// Directory Specification). Empty when there is no home either.
+/// "tolvar" in XDG_RUNTIME_DIR; where that is not set, or is no folder in which we may write,
+/// "tolvar/browser" in XDG_DATA_HOME (XDG Base Directory Specification). Empty when there is no
+/// home either. Whether the folder is to be trusted is for the opening to tell.
 std::string path();
 
 /// Makes the folder, and those above it, with mode 0700 where they are absent. What cannot be made

@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -31,7 +32,8 @@ int main(int count, char** words) {
         std::fputs("tolvar-browser-host: a frame that is too long\n", stderr);
         return 1;
     case Host::Outcome::nowhereToWait:
-        std::fputs("tolvar-browser-host: no private folder to meet Tolvar in\n", stderr);
+        std::fprintf(stderr, "tolvar-browser-host: cannot wait for Tolvar in “%s”: %s\n",
+                     host.finder().folder().c_str(), std::strerror(host.finder().watchError()));
         return 1;
     }
     return 1;

@@ -98,7 +98,7 @@ class BrowserCommands(stage.Stage):
                               f"{KNOWN}\n")
         self.assert_run("browsers", "status", out="No browser that Tolvar knows is installed.\n")
         self.assert_run("browsers", "status", "--json", out="[]\n")
-        self.assert_run("browsers", "remove", out="")
+        self.assert_run("browsers", "remove", out="There is nothing to remove.\n")
 
     def test_a_browser_that_is_gone_is_left_out_and_can_be_freed(self):
         self.install("vivaldi", "firefox")

@@ -83,6 +83,13 @@ class Browsers(stage.Stage):
         self.companion("firefox-esr")
         self.assert_run("browsers", out="firefox-esr\n")
 
+    def test_they_meet_in_the_data_folder_where_the_runtime_folder_is_absent(self):
+        self.environment["XDG_RUNTIME_DIR"] = str(self.folder / "absent")
+        self.path = self.folder / ".local" / "share" / "tolvar" / "browser" / "browser.sock"
+        self.launch_and_wait()
+        self.companion("firefox-esr")
+        self.assert_run("browsers", out="firefox-esr\n")
+
     def test_where_they_cannot_be_awaited_the_rest_works(self):
         elsewhere = self.folder / "elsewhere"
         elsewhere.mkdir()

@@ -348,9 +348,23 @@ TEST_F(BrowserHost, MakesTheFolderForItsOwnerAloneAndFollowsItWhenItIsReplaced) 
     EXPECT_TRUE(app->letIn());
 }
 
+TEST_F(BrowserHost, MeetsTheProgramInTheDataFolderWhereTheRuntimeFolderIsAbsent) {
+    const std::string data = runtime + "/data";
+    ::setenv("XDG_DATA_HOME", data.c_str(), 1);
+    host.emplace(runtime + "/absent");
+    host->awaitSleep();
+    struct stat facts = {};
+    ASSERT_EQ(::stat((data + "/tolvar/browser").c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 07777, 0700U);
+    EXPECT_NE(::stat((runtime + "/absent").c_str(), &facts), 0);
+    ::unsetenv("XDG_DATA_HOME");
+}
+
 TEST_F(BrowserHost, EndsWhereThereIsNoFolderToWaitIn) {
+    ::setenv("XDG_DATA_HOME", "/proc/nowhere", 1);
     HostProcess lost("/proc/nowhere");
     EXPECT_EQ(lost.status(), 1);
+    ::unsetenv("XDG_DATA_HOME");
 }
 
 } // namespace

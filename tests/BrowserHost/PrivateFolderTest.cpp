@@ -1,5 +1,7 @@
 #include "BrowserHost/PrivateFolder.h"
 
+#include "Support/ChildProcess.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -13,17 +15,32 @@ namespace tolvar::test {
 namespace {
 
 TEST(PrivateFolderPath, FollowsTheBaseDirectories) {
-    ::setenv("XDG_RUNTIME_DIR", "/run/user/7", 1);
-    EXPECT_EQ(PrivateFolder::path(), "/run/user/7/tolvar");
-    ::setenv("XDG_RUNTIME_DIR", "relative", 1);
+    const QTemporaryDir runtime;
+    const std::string folder = runtime.path().toStdString();
+    ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
     ::setenv("XDG_DATA_HOME", "/data", 1);
-    EXPECT_EQ(PrivateFolder::path(), "/data/tolvar/browser");
+    EXPECT_EQ(PrivateFolder::path(), folder + "/tolvar");
+    for (const std::string unusable : {"relative", "/proc/absent", "/proc/version"}) {
+        ::setenv("XDG_RUNTIME_DIR", unusable.c_str(), 1);
+        EXPECT_EQ(PrivateFolder::path(), "/data/tolvar/browser") << unusable;
+    }
     ::unsetenv("XDG_RUNTIME_DIR");
     ::unsetenv("XDG_DATA_HOME");
     ::setenv("HOME", "/home/somebody", 1);
     EXPECT_EQ(PrivateFolder::path(), "/home/somebody/.local/share/tolvar/browser");
     ::unsetenv("HOME");
     EXPECT_EQ(PrivateFolder::path(), "");
+}
+
+TEST(PrivateFolderPath, IsInTheDataFolderWhereTheRuntimeFolderCannotBeWrittenTo) {
+    const QTemporaryDir runtime;
+    ::setenv("XDG_RUNTIME_DIR", runtime.path().toStdString().c_str(), 1);
+    ::setenv("XDG_DATA_HOME", "/data", 1);
+    withOwnMounts([&] {
+        bindToItself(runtime.path());
+        remount(runtime.path(), Mode::readOnly);
+        EXPECT_EQ(PrivateFolder::path(), "/data/tolvar/browser");
+    });
 }
 
 class AFolder : public testing::Test {

@@ -61,8 +61,11 @@ ExitStatus BrowserCommands::remove(const std::optional<QString>& name) {
 }
 
 ExitStatus BrowserCommands::removeAll() {
+    const auto found = m_browsers.found();
+    if (found.empty())
+        return exitStatusOf(m_terminal.print(u"There is nothing to remove.\n"_s));
     ExitStatus status = ExitStatus::done;
-    for (const BrowserCompanion& browser : m_browsers.found())
+    for (const BrowserCompanion& browser : found)
         status = worse(status, removeOne(browser));
     return status;
 }

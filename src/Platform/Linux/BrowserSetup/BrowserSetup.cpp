@@ -5,6 +5,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -45,8 +48,23 @@ std::optional<QByteArray> contentsOf(const QString& path) {
     return file.open(QFile::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
 }
 
+/// The ids of the extensions that may not come back from outside, by a profile's file of
+/// preferences.
+QJsonArray externalUninstalls(const QString& preferences) {
+    return QJsonDocument::fromJson(contentsOf(preferences).value_or(QByteArray()))
+        .object()[u"extensions"_s][u"external_uninstalls"_s]
+        .toArray();
+}
+
 bool calls(const QString& text, const QString& name) {
     return text.compare(name, Qt::CaseInsensitive) == 0;
+}
+
+/// XDG_CONFIG_HOME; a relative one is invalid and counts as unset (XDG Base Directory
+/// Specification).
+QString configFolderOfThisUser() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + u"/.config"_s;
 }
 
 } // namespace
@@ -59,7 +77,7 @@ BrowserSetup BrowserSetup::ofThisUser(const BrowserParts& parts) {
     return BrowserSetup({
         .parts = parts,
         .home = QDir::homePath(),
-        .configFolder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+        .configFolder = configFolderOfThisUser(),
         .places = InstalledBrowsers::placesOfThisUser(),
         .firefoxAddOns = {u"/usr/share/mozilla/extensions/"_s + firefoxFolder,
                           u"/usr/lib/mozilla/extensions/"_s + firefoxFolder},
@@ -138,16 +156,35 @@ CompanionFiles BrowserSetup::filesOf(const KnownBrowser& browser) const {
 QString BrowserSetup::remainder(const KnownBrowser& browser) const {
     if (browser.family == KnownBrowser::Family::firefox)
         return hasFirefoxAddOn() ? QString() : howToAddToFirefox();
+    if (wasRemovedInside(browser))
+        return u"the extension Tolvar was removed inside it, and it does not take it again by "
+               u"itself: "_s +
+               howToLoadByHand();
     if (browser.experience == KnownBrowser::Experience::tried)
         return {};
     return u"untried with this browser: should it not have the extension Tolvar when it was "
-           u"started anew, switch on “Developer mode” on its page of extensions and load the "
-           u"unpacked extension %1"_s.arg(m_environment.parts.unpackedExtension());
+           u"started anew, "_s +
+           howToLoadByHand();
+}
+
+QString BrowserSetup::howToLoadByHand() const {
+    return u"switch on “Developer mode” on its page of extensions and load the unpacked extension %1"_s
+        .arg(m_environment.parts.unpackedExtension());
+}
+
+bool BrowserSetup::wasRemovedInside(const KnownBrowser& browser) const {
+    const QDir folder(m_environment.configFolder + u'/' + browser.configFolder);
+    const QStringList profiles = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::any_of(profiles.begin(), profiles.end(), [&](const QString& profile) {
+        return externalUninstalls(folder.filePath(profile + u"/Preferences"_s))
+            .contains(QString::fromLatin1(chromiumExtensionId));
+    });
 }
 
 QString BrowserSetup::leftover(const KnownBrowser& browser) const {
     const bool needsHands = browser.family == KnownBrowser::Family::firefox ||
-                            browser.experience == KnownBrowser::Experience::untried;
+                            browser.experience == KnownBrowser::Experience::untried ||
+                            wasRemovedInside(browser);
     return needsHands
                ? u"if you added the extension by hand, remove it likewise, on its page of extensions"_s
                : QString();

@@ -38,7 +38,11 @@ private:
     std::optional<QString> obstacle(const KnownBrowser& browser) const;
     QString remainder(const KnownBrowser& browser) const;
     QString leftover(const KnownBrowser& browser) const;
+    QString howToLoadByHand() const;
     QString howToAddToFirefox() const;
+    /// Whether the extension was removed inside a browser of Chromium's family, in any profile:
+    /// such a browser never takes it from "External Extensions" again.
+    bool wasRemovedInside(const KnownBrowser& browser) const;
     /// Whether the extension of this very Tolvar is there for all users.
     bool hasFirefoxAddOn() const;
 

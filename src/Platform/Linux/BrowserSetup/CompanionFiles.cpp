@@ -67,9 +67,10 @@ std::optional<QByteArray> contentsOf(const QString& path) {
     return file.readAll();
 }
 
+/// Browsers read files alone; a link counts wherever it leads. Anything else is not ours to remove.
 bool isPresent(const QString& path) {
     const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
+    return info.isFile() || info.isSymLink();
 }
 
 bool pointsToTolvar(const QString& entry) {

@@ -22,8 +22,9 @@ constexpr std::chrono::seconds pauseAfterFailure(1);
 
 } // namespace
 
-CompanionChannel::CompanionChannel(const std::string& folder, SystemLog& log)
-    : m_log(log) {
+CompanionChannel::CompanionChannel(const std::string& folder, SystemLog& log, TimerService& timers)
+    : m_log(log)
+    , m_timers(timers) {
     auto listening = CompanionSocket::listen(folder);
     if (const auto* reason = std::get_if<QString>(&listening)) {
         m_log.error(logCategory, u"Browsers cannot be reached: "_s + *reason);
@@ -100,7 +101,11 @@ void CompanionChannel::add(Descriptor socket) {
     companion.connection = std::make_unique<CompanionConnection>(
         std::move(socket),
         CompanionConnection::Observer{
-            .named = [this, &companion](const QString& name) { companion.name = freeName(name); },
+            .named =
+                [this, &companion](const QString& name) {
+                    companion.name = freeName(name);
+                    companion.patience.reset();
+                },
             .changed = [this] { settleSoon(); },
             .failed =
                 [this, &companion](const QString& fault) {
@@ -108,6 +113,8 @@ void CompanionChannel::add(Descriptor socket) {
                     m_log.error(logCategory, u"Hung up on %1: %2"_s.arg(who, fault));
                 },
         });
+    companion.patience =
+        m_timers.once(patience, [&companion] { companion.connection->fail(u"no name in time"_s); });
 }
 
 QString CompanionChannel::freeName(const QString& browser) const {

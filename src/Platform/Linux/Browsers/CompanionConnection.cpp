@@ -70,6 +70,13 @@ void CompanionConnection::write() {
     m_writable.setEnabled(!m_writer.isIdle());
 }
 
+void CompanionConnection::fail(const QString& fault) {
+    if (m_hasEnded)
+        return;
+    end();
+    m_observer.failed(fault);
+}
+
 /// The descriptor stays open: a notifier that is still to be destroyed holds it.
 void CompanionConnection::end() {
     if (std::exchange(m_hasEnded, true))
@@ -77,11 +84,6 @@ void CompanionConnection::end() {
     m_readable.setEnabled(false);
     m_writable.setEnabled(false);
     m_observer.changed();
-}
-
-void CompanionConnection::fail(const QString& fault) {
-    end();
-    m_observer.failed(fault);
 }
 
 } // namespace tolvar

@@ -39,6 +39,8 @@ public:
     /// Sends a command as soon as the companion takes it. Never waits; a command that cannot be
     /// sent yet is replaced by the next.
     void send(std::string_view command);
+    /// Hangs up for a fault, which the observer is told; nothing where it has ended.
+    void fail(const QString& fault);
 
 private:
     void read();
@@ -47,7 +49,6 @@ private:
     bool understandPicture(const std::string& frame);
     void write();
     void end();
-    void fail(const QString& fault);
 
     Descriptor m_socket;
     Observer m_observer;

@@ -56,7 +56,10 @@ std::variant<CompanionSocket, QString> CompanionSocket::listen(const std::string
     if (!folder || ::fchmod(folder.number(), S_IRWXU) != 0)
         return u"%1 cannot be used: %2"_s.arg(QString::fromStdString(folderPath), lastError());
     if (::flock(folder.number(), LOCK_EX | LOCK_NB) != 0)
-        return u"another program listens in "_s + QString::fromStdString(folderPath);
+        return errno == EWOULDBLOCK
+                   ? u"another program listens in "_s + QString::fromStdString(folderPath)
+                   : u"%1 cannot be locked: %2"_s.arg(QString::fromStdString(folderPath),
+                                                      lastError());
     Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!publish(folder, socket))
         return u"no socket in %1: %2"_s.arg(QString::fromStdString(folderPath), lastError());

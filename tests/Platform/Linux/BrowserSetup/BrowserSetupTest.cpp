@@ -314,6 +314,42 @@ TEST_F(BrowserSetupTest, OwnsUpToWhatItHasNotTried) {
                 HasSubstr(m_environment.parts.unpackedExtension().toStdString()));
 }
 
+TEST_F(BrowserSetupTest, SaysWhatIsLeftToDoOnceTheExtensionWasRemovedInsideTheBrowser) {
+    install(u"chromium"_s);
+    const QByteArray uninstalls = R"({"extensions": {"external_uninstalls": ["%"]}})";
+    const auto remainder = [&] { return setup().found().front().remainder.toStdString(); };
+    putFile(home(u".config/chromium/Default/Preferences"_s), "no JSON");
+    putFile(home(u".config/chromium/Profile 1/Preferences"_s), uninstalls);
+    EXPECT_EQ(remainder(), "") << "another extension was";
+    putFile(home(u".config/chromium/Profile 2/Preferences"_s),
+            QByteArray(uninstalls).replace('%', chromiumExtensionId));
+    EXPECT_THAT(remainder(), HasSubstr("was removed inside"));
+    EXPECT_THAT(remainder(), HasSubstr(m_environment.parts.unpackedExtension().toStdString()));
+}
+
+TEST_F(BrowserSetupTest, TakesNoFolderInItsPlaceForItsOwn) {
+    install(u"firefox"_s);
+    QDir().mkpath(home(u".mozilla/native-messaging-hosts/"_s + manifestName));
+    EXPECT_EQ(state(u"firefox"_s), State::notSetUp);
+    EXPECT_NE(setup().setUp(u"firefox"_s), std::nullopt);
+    QFile::remove(path(u"bin/firefox"_s));
+    EXPECT_TRUE(setup().found().empty());
+}
+
+TEST_F(BrowserSetupTest, OfThisUserIgnoresARelativeFolderOfConfiguration) {
+    install(u"chromium"_s);
+    test::ChildProcess child([&] {
+        qputenv("HOME", QFile::encodeName(path(u"home"_s)));
+        qputenv("PATH", QFile::encodeName(path(u"bin"_s)));
+        qputenv("XDG_CONFIG_HOME", "relative");
+        QDir::setCurrent(m_root.path());
+        EXPECT_EQ(BrowserSetup::ofThisUser(m_environment.parts).setUp(u"chromium"_s), std::nullopt);
+    });
+    EXPECT_TRUE(child.succeeds());
+    EXPECT_FALSE(QFile::exists(path(u"relative"_s)));
+    EXPECT_TRUE(QFile::exists(manifest()));
+}
+
 TEST_F(BrowserSetupTest, OfThisUserWritesWhereTheUsersBrowsersLook) {
     install(u"chromium"_s);
     test::ChildProcess child([&] {

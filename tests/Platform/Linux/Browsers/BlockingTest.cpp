@@ -49,7 +49,7 @@ protected:
     Journal journal;
     HandClock clock;
     RecordingAlert alert{journal};
-    CompanionChannel channel{runtime.filePath(u"tolvar"_s).toStdString(), log};
+    CompanionChannel channel{runtime.filePath(u"tolvar"_s).toStdString(), log, clock};
     WebsiteBlockerService blocker{{.browsers = channel, .timers = clock, .alert = alert}};
     HostProcess host{runtime.path().toStdString()};
 };

@@ -2,6 +2,8 @@
 
 #include "BrowserHost/RandomBytes.h"
 #include "Platform/Linux/Browsers/PlayedCompanion.h"
+#include "Support/HandClock.h"
+#include "Support/NoFurtherFiles.h"
 #include "Support/RecordingLog.h"
 #include "Support/Texts.h"
 
@@ -9,7 +11,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -45,7 +46,8 @@ protected:
     QTemporaryDir runtime;
     std::string folder = runtime.filePath(u"tolvar"_s).toStdString();
     RecordingLog log;
-    CompanionChannel channel{folder, log};
+    HandClock clock;
+    CompanionChannel channel{folder, log, clock};
 };
 
 TEST_F(Companions, AreBrowsersOnceTheyToldTheirName) {
@@ -181,6 +183,24 @@ TEST_F(Companions, MustTellTheirNameFirst) {
                     u"BrowserChannel"_s, u"Hung up on a program: a browser without a name"_s}));
 }
 
+TEST_F(Companions, MustTellTheirNameInTime) {
+    std::list<PlayedCompanion> silent;
+    for (std::size_t count = 0; count < CompanionChannel::mostConnections; ++count) {
+        silent.emplace_back(folder);
+        settle();
+    }
+    PlayedCompanion companion(folder, "chromium");
+    settle();
+    EXPECT_THAT(channel.runningBrowsers(), SizeIs(0)) << "it waits outside";
+    clock.advance(Seconds(CompanionChannel::patience.count()));
+    EXPECT_TRUE(silent.front().isHungUpOn());
+    ASSERT_TRUE(eventuallyRun(texts({u"chromium"})));
+    EXPECT_THAT(log.take(), SizeIs(CompanionChannel::mostConnections)) << "one line for each";
+    clock.advance(Seconds(CompanionChannel::patience.count()));
+    settle();
+    EXPECT_EQ(channel.runningBrowsers(), texts({u"chromium"})) << "who told it may stay";
+}
+
 TEST_F(Companions, MayNotAnnounceAHugeFrame) {
     PlayedCompanion companion(folder, "chromium");
     companion.sayBytes("\xff\xff\xff\xff");
@@ -223,24 +243,6 @@ TEST_F(Companions, WaitOutsideWhileThereAreTooMany) {
     }));
 }
 
-/// Keeps this process from opening any further file.
-class NoFurtherFiles {
-public:
-    NoFurtherFiles() {
-        ::getrlimit(RLIMIT_NOFILE, &m_before);
-        const int next = ::dup(STDERR_FILENO);
-        ::close(next);
-        const rlimit none = {static_cast<rlim_t>(next), m_before.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &none);
-    }
-    ~NoFurtherFiles() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
-    NoFurtherFiles(const NoFurtherFiles&) = delete;
-    NoFurtherFiles& operator=(const NoFurtherFiles&) = delete;
-
-private:
-    rlimit m_before = {};
-};
-
 TEST_F(Companions, AreLetInLateWhenTooManyFilesWereOpen) {
     browserShowing(93, "https://example.com/", "firefox").hangUp();
     ASSERT_TRUE(eventuallyRun({}));
@@ -272,7 +274,7 @@ TEST_F(Companions, OfAnotherUserAreHungUpOn) {
 }
 
 TEST_F(Companions, OfASecondProgramAreNoneAndTheFirstKeepsItsOwn) {
-    const CompanionChannel second(folder, log);
+    const CompanionChannel second(folder, log, clock);
     const auto lines = log.take();
     ASSERT_THAT(lines, SizeIs(1));
     EXPECT_TRUE(lines[0].message.startsWith(u"Browsers cannot be reached: another program"_s));
