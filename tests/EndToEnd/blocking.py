@@ -221,6 +221,23 @@ class Blocking:
                 self.assert_stays(PAGE, tab)
             self.browser.close(tab)
 
+    def test_two_profiles_at_once_are_blocked(self):
+        self.focus()
+        browser, tab = self.browser.open_other_profile()
+        self.addCleanup(self.start_browser_anew)
+        self.addCleanup(browser.end)
+        name = self.browser.NAME
+        wait_until("both are connected", lambda: self.program.tell("browsers").splitlines()
+                   == [name, f"{name} 2"])
+        browser.visit(tab, PAGE)
+        self.browser.visit(self.tab, PAGE)
+        for browser, tab in ((browser, tab), (self.browser, self.tab)):
+            wait_until("the page was shown and is gone", lambda: shown_in(browser, tab, PAGE, BLANK))
+
+    def start_browser_anew(self):
+        self.kill_the_browser()
+        self.wait_for_connection()
+
     def test_pages_are_blank_at_once(self):
         self.focus()
         took = []
@@ -278,6 +295,12 @@ class Blocking:
                    lambda: self.browser.NAME not in self.program.tell("browsers").split())
         self.browser.start()
         self.tab = next(iter(self.browser.tabs()))
+
+
+def shown_in(browser, tab, page, then):
+    """Whether the tab has shown the page and now shows what comes then."""
+    shown = [commit.url for commit in browser.commits() if commit.tab == tab]
+    return page in shown and shown[-1] == then
 
 
 def in_time(seconds):

@@ -86,9 +86,10 @@ class Firefox(Browser):
     NEW_PRIVATE_WINDOW = ("Control_L", "Shift_L", "p")
     WAITS_FOR_ITS_ANSWER = False
 
-    def __init__(self, websites, home):
+    def __init__(self, websites, home, profile="profile"):
         super().__init__()
-        self._profile = home / "profile"
+        self._websites, self._home = websites, home
+        self._profile = home / profile
         # The extension is in it as if the user had added it.
         (self._profile / "extensions").mkdir(parents=True)
         shutil.copy(EXTENSION / "tolvar.xpi", self._profile / "extensions" / f"{EXTENSION_ID}.xpi")
@@ -161,6 +162,12 @@ class Firefox(Browser):
                             " disableResetIdleForTest: true}).then(() => done(true))",
                             EXTENSION_ID, method="WebDriver:ExecuteAsyncScript")
         assert stopped
+
+    def open_other_profile(self):
+        """In a process of its own."""
+        other = Firefox(self._websites, self._home, "other")
+        other.start()
+        return other, next(iter(other.tabs()))
 
     def _run(self, script, *arguments, method="WebDriver:ExecuteScript"):
         return self._marionette.call(method, script=PRELUDE + script, args=arguments)["value"]
