@@ -90,12 +90,14 @@ function equal(some, others) {
     return JSON.stringify(some) === JSON.stringify(others);
 }
 
-/** Leaves a tab alone that went to another host since it was told of: Tolvar hears of that anyway. A tab
-    that is gone, or held by the user at this moment, is Tolvar's to see at its next look. */
+/** Leaves a tab alone that went to another host since it was told of: Tolvar hears of that anyway. One
+    told to be nowhere is blank already, and may be on its way to the next page. A tab that is gone, or
+    held by the user at this moment, is Tolvar's to see at its next look. */
 async function sendAway({tab, url}) {
     try {
+        const {host} = new URL(url);
         const now = await api.tabs.get(tab);
-        if (new URL(now.url).host === new URL(url).host) {
+        if (host !== "" && host === new URL(now.url).host) {
             await api.tabs.update(tab, {url: "about:blank"});
         }
     } catch {
