@@ -66,7 +66,7 @@ private:
                                                            .workspace = m_desk.workspace,
                                                            .icons = m_icons,
                                                            .ownName = {}});
-    QImage m_image{FocusView::fixedSize, QImage::Format_ARGB32_Premultiplied};
+    QImage m_image{FocusView::usualSize, QImage::Format_ARGB32_Premultiplied};
 };
 
 /// From the click on the tab to the first frame, the first time that it is opened.

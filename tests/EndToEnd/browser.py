@@ -99,7 +99,7 @@ class Browser:
         raise NotImplementedError
 
     def stay_on_page(self):
-        """Answers that question."""
+        """Answers that question, where the browser waits for it."""
         raise NotImplementedError
 
     def leave_page(self):
@@ -114,6 +114,10 @@ class Browser:
         """Ends the extension's script, which the browser starts again when something happens."""
         raise NotImplementedError
 
+    def open_other_profile(self):
+        """Returns whom to ask about it and its tab."""
+        raise NotImplementedError
+
     # The same for all.
 
     def kill(self):
@@ -123,7 +127,8 @@ class Browser:
 
     def end(self):
         if self.process and self.process.poll() is None:
-            self.kill()
+            self.process.kill()
+            self.process.wait()
 
     def url(self, tab):
         return self.tabs().get(tab)

@@ -6,12 +6,17 @@ import hashlib
 import itertools
 import json
 import os
+import subprocess
 import threading
 import time
 from concurrent.futures import Future
 
 from browser import BLANK, EXTENSION, Browser, Commit
 from support import PATIENCE_SECONDS, wait_until
+
+
+# It refuses to run with its sandbox where everything may be done.
+COMMAND = ["chromium", "--no-first-run", *(["--no-sandbox"] if os.geteuid() == 0 else [])]
 
 
 class DevTools:
@@ -81,14 +86,11 @@ class Chromium(Browser):
         """With one pipe to it and one from it, which it knows as 3 and 4."""
         theirs_in, ours_out = map(out_of_the_way, os.pipe())
         ours_in, theirs_out = map(out_of_the_way, os.pipe())
-        command = [
-            "chromium", "--no-first-run", "--disable-gpu", "--password-store=basic",
-            "--remote-debugging-pipe", "--hide-crash-restore-bubble",
-            f"--host-resolver-rules=MAP * 127.0.0.1:{self._port}"]
-        if os.geteuid() == 0:
-            command.append("--no-sandbox")
         self.spawn(["/bin/bash", "-c", f'exec "$@" 3<&{theirs_in} 4>&{theirs_out}', "bash",
-                    *command, BLANK], pass_fds=(theirs_in, theirs_out))
+                    *COMMAND, "--disable-gpu", "--password-store=basic", "--remote-debugging-pipe",
+                    "--hide-crash-restore-bubble",
+                    f"--host-resolver-rules=MAP * 127.0.0.1:{self._port}", BLANK],
+                   pass_fds=(theirs_in, theirs_out))
         return (ours_in, ours_out), (theirs_in, theirs_out)
 
     def _note(self, event, told, session):
@@ -179,6 +181,14 @@ class Chromium(Browser):
         for worker in workers:
             self._tools.call("Target.closeTarget", targetId=worker)
         wait_until("the script has ended", lambda: not set(workers) & set(self._workers()))
+
+    def open_other_profile(self):
+        """In the same process, which the command finds."""
+        def command():
+            subprocess.run([*COMMAND, "--profile-directory=Other", BLANK], check=True,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+        return self, self.open_by(command)
 
     def _workers(self):
         targets = self._tools.call("Target.getTargets", filter=[{"type": "service_worker"}])

@@ -31,10 +31,8 @@ const listener = {onLocationChange(browser, progress, _request, location) {
 const watch = window => window.gBrowser.addTabsProgressListener(listener);
 windows().forEach(watch);
 Services.obs.addObserver(watch, "browser-delayed-startup-finished");
-for (const topic of ["common-dialog-loaded", "domwindowopened"])
-    for (const observer of Services.obs.enumerateObservers(topic))
-        if (observer.wrappedJSObject?.constructor?.name === "PromptListener" || topic[0] === "c")
-            Services.obs.removeObserver(observer, topic);
+for (const marionette of Services.obs.enumerateObservers("common-dialog-loaded"))
+    Services.obs.removeObserver(marionette, "common-dialog-loaded");
 """
 
 ALLOW_PRIVATE = """
@@ -47,11 +45,11 @@ ExtensionPermissions[allowed ? "add" : "remove"](id, permission)
     .then(() => AddonManager.getAddonByID(id)).then(addon => addon.reload()).then(() => done(true));
 """
 
-QUESTIONS = """
-const questions = () => windows().flatMap(w => w.gBrowser.tabs)
-    .flatMap(tab => front().gBrowser.constructor && tab.ownerDocument.defaultView.gBrowser
-        .getTabDialogBox(tab.linkedBrowser).getContentDialogManager()._dialogs)
-    .map(dialog => dialog.frameContentWindow?.Dialog).filter(dialog => dialog?.ui?.button1);
+ASKS = """
+return tabs()
+    .flatMap(tab => tab.ownerDocument.defaultView.gBrowser.getTabDialogBox(tab.linkedBrowser)
+        .getContentDialogManager()._dialogs)
+    .some(dialog => dialog.frameContentWindow?.Dialog?.args.inPermitUnload);
 """
 
 
@@ -88,9 +86,10 @@ class Firefox(Browser):
     NEW_PRIVATE_WINDOW = ("Control_L", "Shift_L", "p")
     WAITS_FOR_ITS_ANSWER = False
 
-    def __init__(self, websites, home):
+    def __init__(self, websites, home, profile="profile"):
         super().__init__()
-        self._profile = home / "profile"
+        self._websites, self._home = websites, home
+        self._profile = home / profile
         # The extension is in it as if the user had added it.
         (self._profile / "extensions").mkdir(parents=True)
         shutil.copy(EXTENSION / "tolvar.xpi", self._profile / "extensions" / f"{EXTENSION_ID}.xpi")
@@ -151,13 +150,7 @@ class Firefox(Browser):
                   "tab.ownerDocument.defaultView.gBrowser.removeTab(tab, {skipPermitUnload: true})", tab)
 
     def asks_before_leaving(self):
-        return self._run(QUESTIONS + "return questions().length > 0")
-
-    def stay_on_page(self):
-        self._run(QUESTIONS + "questions()[0].ui.button1.click()")
-
-    def leave_page(self):
-        self._run(QUESTIONS + "questions()[0].ui.button0.click()")
+        return self._run(ASKS)
 
     def allow_private(self, allowed):
         """As the switch on the extension's page does it."""
@@ -169,6 +162,12 @@ class Firefox(Browser):
                             " disableResetIdleForTest: true}).then(() => done(true))",
                             EXTENSION_ID, method="WebDriver:ExecuteAsyncScript")
         assert stopped
+
+    def open_other_profile(self):
+        """In a process of its own."""
+        other = Firefox(self._websites, self._home, "other")
+        other.start()
+        return other, next(iter(other.tabs()))
 
     def _run(self, script, *arguments, method="WebDriver:ExecuteScript"):
         return self._marionette.call(method, script=PRELUDE + script, args=arguments)["value"]

@@ -60,8 +60,7 @@ bool calls(const QString& text, const QString& name) {
     return text.compare(name, Qt::CaseInsensitive) == 0;
 }
 
-/// XDG_CONFIG_HOME; a relative one is invalid and counts as unset (XDG Base Directory
-/// Specification).
+/// XDG_CONFIG_HOME; a relative one is invalid and counts as unset, by the XDG Base Directory rules.
 QString configFolderOfThisUser() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + u"/.config"_s;

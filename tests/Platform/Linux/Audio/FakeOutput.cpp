@@ -18,6 +18,7 @@ public:
         m_outputs.record(u"close"_s);
         std::unique_lock lock(m_outputs.m_mutex);
         m_outputs.m_changed.wait(lock, [this] { return !m_outputs.m_isClosingHeld; });
+        m_outputs.forgetOutput();
     }
 
     bool isConnected() const override {
@@ -41,13 +42,30 @@ private:
     float m_volume = 1;
 };
 
+FakeOutputs::~FakeOutputs() {
+    letOpen();
+    letClose();
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_outputs == 0; });
+}
+
+void FakeOutputs::forgetOutput() {
+    --m_outputs;
+    m_changed.notify_all();
+}
+
 AudioOutput::Open FakeOutputs::opener() {
     return [this](AudioOutput::Lost lost) -> std::unique_ptr<AudioOutput> {
-        record(u"open"_s);
         std::unique_lock lock(m_mutex);
+        ++m_outputs;
+        lock.unlock();
+        record(u"open"_s);
+        lock.lock();
         m_changed.wait(lock, [this] { return !m_isOpeningHeld; });
-        if (!std::exchange(m_opens, true))
+        if (!std::exchange(m_opens, true)) {
+            forgetOutput();
             return nullptr;
+        }
         m_lost = std::move(lost);
         return std::make_unique<Output>(*this);
     };

@@ -14,6 +14,12 @@ namespace tolvar::test {
 /// Lines: "open", "close", "volume N" (when it changes), "play VOICE", "silence VOICE".
 class FakeOutputs {
 public:
+    FakeOutputs() = default;
+    FakeOutputs(const FakeOutputs&) = delete;
+    FakeOutputs& operator=(const FakeOutputs&) = delete;
+    /// Waits until every output is closed: a device that was given up may still be at it.
+    ~FakeOutputs();
+
     AudioOutput::Open opener();
 
     /// Opening waits until `letOpen`, closing until `letClose`.
@@ -41,11 +47,15 @@ private:
     class Output;
 
     void record(const QString& line);
+    /// With the lock held.
+    void forgetOutput();
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
     Texts m_lines;
     AudioOutput::Lost m_lost;
+    /// Opening, open or closing.
+    int m_outputs = 0;
     bool m_isOpeningHeld = false;
     bool m_isClosingHeld = false;
     bool m_opens = true;
