@@ -13,6 +13,7 @@
 const api = globalThis.browser ?? globalThis.chrome;
 
 const hostName = "app.tolvar.browser";
+const blank = "about:blank";
 const firstDelay = 250; // ms until a lost host is looked for again; doubled while it cannot be had
 const longestDelay = 40000; // longer than browsers keep an idle script: without a host it ends
 const steadyAfter = 5000; // ms after which a host counts as one that can be had
@@ -91,14 +92,14 @@ function equal(some, others) {
 }
 
 /** Leaves a tab alone that went to another host since it was told of: Tolvar hears of that anyway. One
-    told to be nowhere is blank already, and may be on its way to the next page. A tab that is gone, or
-    held by the user at this moment, is Tolvar's to see at its next look. */
+    that is blank already, or about to be, is not sent twice: the second time could hit the next page. A
+    tab that is gone, or held by the user at this moment, is Tolvar's to see at its next look. */
 async function sendAway({tab, url}) {
     try {
         const {host} = new URL(url);
         const now = await api.tabs.get(tab);
-        if (host !== "" && host === new URL(now.url).host) {
-            await api.tabs.update(tab, {url: "about:blank"});
+        if (host !== "" && host === new URL(now.url).host && now.pendingUrl !== blank) {
+            await api.tabs.update(tab, {url: blank});
         }
     } catch {
         // Gone or held.
