@@ -399,6 +399,15 @@ TEST_F(CardListTest, ComesBackByTabToTheRowThatWasLeft) {
     EXPECT_EQ(scrolled(), list->verticalScrollBar()->maximum()) << "and brings it into view";
 }
 
+TEST_F(CardListTest, BringsARowIntoViewThatTabGoesOnIn) {
+    fillWith(100);
+    row(1).setFocus();
+    scrollTo(3000);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), static_cast<NumberCard&>(row(1).content()).key);
+    EXPECT_THAT(seen(), testing::Contains(1));
+}
+
 TEST_F(CardListTest, KeepsTheKeyboardOnARowThatIsScrolledOutOfView) {
     fillWith(100);
     row(1).setFocus();
