@@ -525,6 +525,20 @@ TEST_F(CardListPullTest, IsPulledByADragOfTheMouse) {
     EXPECT_EQ(releases.size(), 1U);
 }
 
+TEST_F(CardListPullTest, IsPulledAsFarByADragThatIsToldOfAllAtOnce) {
+    hand.press(point());
+    hand.moveBy({0, 52});
+    const double atOnce = last;
+    EXPECT_GT(atOnce, 18);
+    hand.release();
+    settle();
+    hand.press(point());
+    hand.moveBy({0, 12});
+    hand.moveBy({0, 40});
+    EXPECT_DOUBLE_EQ(last, atOnce);
+    hand.release();
+}
+
 TEST_F(CardListPullTest, IsNotReleasedWhenTheDragIsBrokenOff) {
     hand.press(point());
     hand.moveBy({0, 12});
