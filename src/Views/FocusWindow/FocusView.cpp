@@ -13,6 +13,7 @@
 #include "Views/StartSession/StartSessionView.h"
 #include "Views/Theme/Instrument.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -167,6 +168,13 @@ void FocusView::takeKeyboard(Qt::FocusReason reason) {
         m_startSession->focusGoal(reason);
     else
         m_cardScreens.at(m_selectedTab)->takeKeyboard(reason);
+}
+
+/// Escape closes a row that was swiped aside before it closes the window, wherever the keyboard is.
+void FocusView::keyPressEvent(QKeyEvent* event) {
+    const auto cards = m_cardScreens.find(m_selectedTab);
+    const bool hasRow = !m_activeSession && cards != m_cardScreens.end();
+    event->setAccepted(event->key() == Qt::Key_Escape && hasRow && cards->second->closeRow());
 }
 
 void FocusView::paintEvent(QPaintEvent*) {

@@ -57,6 +57,7 @@ public:
     void takeKeyboard(Qt::FocusReason reason);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

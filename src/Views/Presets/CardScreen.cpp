@@ -57,6 +57,12 @@ void CardScreen::takeKeyboard(Qt::FocusReason reason) {
         m_list->containerInView(std::max(0, m_list->currentRow())).setFocus(reason);
 }
 
+bool CardScreen::closeRow() {
+    const bool wasOpen = m_list->openId().has_value();
+    m_list->setOpenId(std::nullopt);
+    return wasOpen;
+}
+
 void CardScreen::setRecords(std::vector<QUuid> ids) {
     const bool isEmpty = ids.empty();
     m_list->setIds(std::move(ids),

@@ -44,6 +44,8 @@ public:
 
     /// Puts the keyboard on the card it was on last, where there is any.
     void takeKeyboard(Qt::FocusReason reason);
+    /// Closes the row whose keys are revealed; whether there was one.
+    bool closeRow();
 
 protected:
     CardScreen(const Environment& environment, const CardList::Style& style, const Texts& texts,

@@ -4,6 +4,7 @@
 
 #include <QIconEngine>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 
@@ -38,6 +39,26 @@ private:
     const QColor m_ink;
 };
 
+/// Does nothing when the button that opened it is let go, wherever the hand has slipped to by then:
+/// a line is chosen by a press of its own.
+class DeliberateMenu final : public QMenu {
+public:
+    using QMenu::QMenu;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        m_isPressed = true;
+        QMenu::mousePressEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (m_isPressed)
+            QMenu::mouseReleaseEvent(event);
+    }
+
+private:
+    bool m_isPressed = false;
+};
+
 /// As it is written, not as a mnemonic.
 QString plain(QString title) {
     return title.replace(u'&', QStringLiteral("&&"));
@@ -56,7 +77,7 @@ QMenu* makeActionMenu(const std::vector<SwipeAction>& own, const std::vector<Swi
                       QWidget& owner) {
     if (own.empty() && common.empty())
         return nullptr;
-    auto* menu = new QMenu(&owner);
+    auto* menu = new DeliberateMenu(&owner);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const SwipeAction& action : own)
         add(*menu, action);

@@ -80,8 +80,8 @@ std::unique_ptr<CardRow> CardList::makeRow() {
                                                              m_source.makeCard(), viewport());
     SwipeActionsContainer* const made = container.get();
     orderTabs(*made);
+    watchKeyboard(*made);
     made->setTakesTab(false);
-    made->installEventFilter(this);
     connect(made, &SwipeActionsContainer::openChanged, this, [this, made](bool isOpen) {
         if (const CardRow* row = m_rows.of(made); row && (isOpen || m_openId == row->id))
             setOpenId(isOpen ? std::optional(row->id) : std::nullopt);
@@ -113,6 +113,14 @@ void CardList::fill(CardRow& row) {
     container.setAccessibleName(m_source.cardName(row.id));
     container.setActions(m_source.actions(row.id));
     container.setCommonActions(m_commonActions);
+    watchKeyboard(container);
+}
+
+/// The row is brought into view whichever of its parts the keyboard comes to; keys come and go with
+/// the actions.
+void CardList::watchKeyboard(SwipeActionsContainer& container) {
+    for (QWidget* part : container.tabParts())
+        part->installEventFilter(this);
 }
 
 CardRow& CardList::rowFor(int row) {

@@ -145,6 +145,7 @@ private:
     CardRow& rowFor(int row);
     void orderTabs(SwipeActionsContainer& made);
     void fill(CardRow& row);
+    void watchKeyboard(SwipeActionsContainer& container);
     bool isKept(const CardRow& row) const;
     QRect shownRect(const CardRow& row) const;
     void showRows();

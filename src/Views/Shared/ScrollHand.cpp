@@ -69,9 +69,11 @@ void ScrollHand::takeLoosely(const QWheelEvent& event, double movement) {
     moveBy(movement, m_isPullable && m_beganAtTop && isTouchpad(event));
 }
 
-/// The points that were needed to see which way the drag goes are not made up for.
+/// The points that were needed to see which way the drag goes are not made up for; those that a
+/// quick hand has gone beyond them by the time it is first told of are.
 void ScrollHand::dragBy(const QPointF& way) {
-    const double before = std::exchange(m_dragged, way.y()).value_or(way.y());
+    const double needed = std::clamp(way.y(), -DragWatch::leastDistance, DragWatch::leastDistance);
+    const double before = std::exchange(m_dragged, way.y()).value_or(needed);
     moveBy(way.y() - before, m_isPullable);
 }
 

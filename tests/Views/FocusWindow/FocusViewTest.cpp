@@ -344,6 +344,22 @@ TEST_F(FocusViewTest, PutsTheKeyboardOnACardWhereCardsAreShown) {
     EXPECT_EQ(view.focusWidget(), find<HistoryView>().findChild<CardList*>()->containerOf(0));
 }
 
+TEST_F(FocusViewTest, ClosesAnOpenRowByEscapeWhereverTheKeyboardIs) {
+    keepRecords();
+    select(FocusTab::history);
+    auto& list = *find<HistoryView>().findChild<CardList*>();
+    list.setOpenId(list.ids().front());
+    QWidget& tab = *view.findChildren<ModeButton*>().at(static_cast<int>(FocusTab::history));
+    const auto escapes = [&] {
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(&tab, &escape);
+        return escape.isAccepted();
+    };
+    EXPECT_TRUE(escapes());
+    EXPECT_FALSE(list.openId());
+    EXPECT_FALSE(escapes()) << "the next one is the window's";
+}
+
 TEST_F(FocusViewTest, RestsWhenNothingHappens) {
     settle();
     EXPECT_FALSE(driver.isAwake());

@@ -399,6 +399,15 @@ TEST_F(CardListTest, ComesBackByTabToTheRowThatWasLeft) {
     EXPECT_EQ(scrolled(), list->verticalScrollBar()->maximum()) << "and brings it into view";
 }
 
+TEST_F(CardListTest, BringsARowIntoViewThatTabGoesOnIn) {
+    fillWith(100);
+    row(1).setFocus();
+    scrollTo(3000);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), static_cast<NumberCard&>(row(1).content()).key);
+    EXPECT_THAT(seen(), testing::Contains(1));
+}
+
 TEST_F(CardListTest, KeepsTheKeyboardOnARowThatIsScrolledOutOfView) {
     fillWith(100);
     row(1).setFocus();
@@ -514,6 +523,20 @@ TEST_F(CardListPullTest, IsPulledByADragOfTheMouse) {
     EXPECT_GT(last, 18);
     hand.release();
     EXPECT_EQ(releases.size(), 1U);
+}
+
+TEST_F(CardListPullTest, IsPulledAsFarByADragThatIsToldOfAllAtOnce) {
+    hand.press(point());
+    hand.moveBy({0, 52});
+    const double atOnce = last;
+    EXPECT_GT(atOnce, 18);
+    hand.release();
+    settle();
+    hand.press(point());
+    hand.moveBy({0, 12});
+    hand.moveBy({0, 40});
+    EXPECT_DOUBLE_EQ(last, atOnce);
+    hand.release();
 }
 
 TEST_F(CardListPullTest, IsNotReleasedWhenTheDragIsBrokenOff) {

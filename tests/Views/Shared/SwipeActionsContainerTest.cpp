@@ -370,6 +370,26 @@ TEST_F(SwipeActionsContainerTest, OffersItsActionsInAMenu) {
     }
 }
 
+TEST_F(SwipeActionsContainerTest, ChoosesNothingInItsMenuByTheButtonThatOpenedIt) {
+    const ToleratedWarning offscreen(u"This plugin does not support"_s);
+    container->openMenu({});
+    ASSERT_TRUE(menu());
+    const QPoint onDelete = menu()->actionGeometry(menu()->actions()[2]).center();
+    const auto send = [&](QEvent::Type type, const QPoint& point, Qt::MouseButton changed,
+                          Qt::MouseButton held) {
+        QMouseEvent event(type, point, menu()->mapToGlobal(point), changed, held, Qt::NoModifier);
+        QApplication::sendEvent(menu(), &event);
+    };
+    for (int step = 20; step >= 0; --step)
+        send(QEvent::MouseMove, onDelete - QPoint(step, 0), Qt::NoButton, Qt::RightButton);
+    send(QEvent::MouseButtonRelease, onDelete, Qt::RightButton, Qt::NoButton);
+    EXPECT_THAT(takeDone(), IsEmpty());
+    ASSERT_TRUE(menu() && menu()->isVisible());
+    send(QEvent::MouseButtonPress, onDelete, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, onDelete, Qt::LeftButton, Qt::NoButton);
+    EXPECT_THAT(takeDone(), ElementsAre(u"delete"_s));
+}
+
 TEST_F(SwipeActionsContainerTest, ClosesItsMenuWhenItHidesOrWhatItOffersChanges) {
     const ToleratedWarning offscreen(u"This plugin does not support"_s);
     container->openMenu({});
