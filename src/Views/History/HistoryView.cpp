@@ -8,6 +8,8 @@
 #include "Views/Theme/Feedback.h"
 #include "Views/Theme/Instrument.h"
 
+#include <QScopedValueRollback>
+
 namespace tolvar {
 
 using namespace Qt::StringLiterals;
@@ -63,8 +65,10 @@ HistoryView::HistoryView(const Environment& environment, ApplicationIcons& icons
     });
     connect(&list(), &CardList::pullReleased, this,
             [this](double points) { m_pull.release(points); });
-    connect(m_clearing, &ConfirmationSheet::confirmed, this,
-            [this] { m_focusManager.clearHistory(); });
+    connect(m_clearing, &ConfirmationSheet::confirmed, this, [this] {
+        const QScopedValueRollback clearing(m_isClearing, true);
+        m_focusManager.clearHistory();
+    });
     connect(&m_focusManager, &FocusManager::sessionHistoryChanged, this,
             &HistoryView::showSessions);
     connect(&m_focusManager, &FocusManager::savedPresetsChanged, &list(), &CardList::refresh);
@@ -99,7 +103,8 @@ void HistoryView::showSessions() {
                                                             .action = [this] { askToClear(); }}});
     if (isEmpty)
         m_clearing->sink();
-    setRecords(std::move(ids));
+    setRecords(std::move(ids),
+               m_isClearing ? Instrument::Motion::listClear : Instrument::Motion::listEdit);
 }
 
 /// The place may be that of another session for as long as `showSessions` is still to come.

@@ -59,6 +59,8 @@ private:
     QHash<QUuid, std::size_t> m_places;
     /// The one whose goal is asked for.
     std::optional<FocusSession> m_toRestart;
+    /// Whether all of it goes at this moment, at the user's word.
+    bool m_isClearing = false;
     DayWatch m_dayWatch;
     PullToClear m_pull;
     PullIndicator* m_pullIndicator;

@@ -63,10 +63,10 @@ bool CardScreen::closeRow() {
     return wasOpen;
 }
 
-void CardScreen::setRecords(std::vector<QUuid> ids) {
+void CardScreen::setRecords(std::vector<QUuid> ids, const Spring& spring) {
     const bool isEmpty = ids.empty();
     m_list->setIds(std::move(ids),
-                   isVisible() ? CardList::Change::animated : CardList::Change::atOnce);
+                   isVisible() ? CardList::Change::animated : CardList::Change::atOnce, spring);
     showEmpty(isEmpty);
     if (m_deletion->isUp() && !recordName(m_toDelete))
         m_deletion->sink();

@@ -60,7 +60,7 @@ protected:
 
     CardList& list() const { return *m_list; }
     /// Moves to these records; a question about one that is gone is taken back.
-    void setRecords(std::vector<QUuid> ids);
+    void setRecords(std::vector<QUuid> ids, const Spring& spring = Instrument::Motion::listEdit);
     void askForGoal(const QString& title, Seconds duration);
     bool mayAsk() const;
     SwipeAction deletion(const QUuid& id);

@@ -217,8 +217,8 @@ void CardList::setOpenId(const std::optional<QUuid>& id) {
 
 // Records that come and go
 
-void CardList::setIds(std::vector<QUuid> ids, Change change) {
-    const bool isAnimated = change == Change::animated && isVisible();
+void CardList::setIds(std::vector<QUuid> ids, Change change, const Spring& spring) {
+    const Motion motion = change == Change::animated && isVisible() ? Motion(spring) : std::nullopt;
     const Before before{m_column, scroll()};
     const Tops tops = shownTops();
     m_isChanging = true;
@@ -232,9 +232,9 @@ void CardList::setIds(std::vector<QUuid> ids, Change change) {
         rowFor(row).container().setFocus(Qt::OtherFocusReason);
     else if (losesFocus)
         QAbstractScrollArea::focusNextPrevChild(true);
-    removeRows(tops, isAnimated);
+    removeRows(tops, motion);
     layOut();
-    moveOver(before, tops, isAnimated);
+    moveOver(before, tops, motion);
     m_isChanging = false;
     showRows();
     CardListFace::rowsChanged(*this);
@@ -268,43 +268,43 @@ void CardList::handOnCurrent(const Before& before) {
     makeCurrent(row >= 0 ? m_column.id(row) : QUuid());
 }
 
-void CardList::removeRows(const Tops& tops, bool isAnimated) {
+void CardList::removeRows(const Tops& tops, const Motion& motion) {
     for (const auto& [id, top] : tops) {
         if (m_column.rowOf(id) >= 0)
             continue;
         const bool isSeen = top < viewport()->height() && top + m_column.cardHeight() > 0;
-        if (isAnimated && isSeen)
-            m_rows.letLeave(id, Instrument::Motion::listEdit);
+        if (motion && isSeen)
+            m_rows.letLeave(id, *motion);
         else
             m_rows.giveBack(id);
     }
 }
 
-void CardList::moveOver(const Before& before, const Tops& tops, bool isAnimated) {
+void CardList::moveOver(const Before& before, const Tops& tops, const Motion& motion) {
     for (const auto& [id, row] : m_rows.live()) {
         row->shift.jumpTo(0);
-        if (!isAnimated)
+        if (!motion)
             continue;
         const auto seenAt = tops.find(id);
         if (const int old = before.column.rowOf(id); seenAt != tops.end())
-            moveOver(*row, seenAt->second - pull());
+            moveOver(*row, seenAt->second - pull(), *motion);
         else if (old >= 0)
-            moveOver(*row, before.column.topOf(old) - before.scroll);
+            moveOver(*row, before.column.topOf(old) - before.scroll, *motion);
         else
-            moveOver(*row, std::nullopt);
+            moveOver(*row, std::nullopt, *motion);
     }
 }
 
 /// To its place from `from`, or into sight where it stands.
-void CardList::moveOver(CardRow& row, const std::optional<double>& from) {
+void CardList::moveOver(CardRow& row, const std::optional<double>& from, const Spring& spring) {
     if (from) {
         const double farthest = viewport()->height();
         const double way = *from - rowRect(m_column.rowOf(row.id)).top();
         row.shift.jumpTo(std::clamp(way, -farthest, farthest));
-        row.shift.animateTo(0, Instrument::Motion::listEdit);
+        row.shift.animateTo(0, spring);
     } else {
         row.presence.jumpTo(0);
-        row.presence.animateTo(1, Instrument::Motion::listEdit);
+        row.presence.animateTo(1, spring);
     }
     placeRow(row);
 }
@@ -475,6 +475,7 @@ void CardList::hideEvent(QHideEvent* event) {
     if (m_menu)
         m_menu->close();
     m_hand.rest();
+    setOpenId(std::nullopt);
     m_isChanging = true;
     m_rows.collect(true);
     for (const auto& [id, row] : m_rows.live())

@@ -6,6 +6,7 @@
 #include "Views/Shared/ScrollHand.h"
 #include "Views/Shared/SwipeAction.h"
 #include "Views/Shared/SwipeActionsContainer.h"
+#include "Views/Theme/Instrument.h"
 
 #include <QAbstractScrollArea>
 #include <QMenu>
@@ -67,7 +68,8 @@ public:
     /// fade in, those that go fade out, and the others move over. If the row with the keyboard
     /// goes, the one that takes its place gets it. Cards that stay are not filled afresh: see
     /// `refresh`.
-    void setIds(std::vector<QUuid> ids, Change change);
+    void setIds(std::vector<QUuid> ids, Change change,
+                const Spring& spring = Instrument::Motion::listEdit);
     /// Fills the cards in view afresh and asks for their actions again, because records have
     /// changed or a day has gone by.
     void refresh();
@@ -139,6 +141,8 @@ private:
         CardColumn column;
         int scroll = 0;
     };
+    /// How rows go to their places; nothing for at once.
+    using Motion = std::optional<Spring>;
 
     int scroll() const;
     std::unique_ptr<CardRow> makeRow();
@@ -159,9 +163,9 @@ private:
     Tops shownTops() const;
     void handOnCurrent(const Before& before);
     void keepPlaceUnderTheEye(const Before& before);
-    void removeRows(const Tops& tops, bool isAnimated);
-    void moveOver(const Before& before, const Tops& tops, bool isAnimated);
-    void moveOver(CardRow& row, const std::optional<double>& from);
+    void removeRows(const Tops& tops, const Motion& motion);
+    void moveOver(const Before& before, const Tops& tops, const Motion& motion);
+    void moveOver(CardRow& row, const std::optional<double>& from, const Spring& spring);
 
     void makeCurrent(const QUuid& id);
     void focusRow(int row);

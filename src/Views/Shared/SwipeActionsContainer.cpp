@@ -391,10 +391,11 @@ void SwipeActionsContainer::contextMenuEvent(QContextMenuEvent* event) {
         openMenu(event->globalPos());
 }
 
-/// The keyboard begins on its first line.
+/// The keyboard begins on its first line, unless Return would destroy something there.
 void SwipeActionsContainer::openMenuByKey() {
     openMenu(mapToGlobal(rect().center()));
-    if (m_menu && !m_menu->activeAction())
+    const bool isHarmless = !m_actions.empty() && !m_actions.front().isDestructive;
+    if (m_menu && !m_menu->activeAction() && isHarmless)
         m_menu->setActiveAction(m_menu->actions().front());
 }
 

@@ -51,6 +51,8 @@ inline const Spring latch = Spring::withResponse(0.3, 0.62);
 inline const Spring scene = Spring::withResponse(0.5, 0.82);
 inline const Spring swipeSettle = Spring::withResponse(0.34, 0.82);
 inline const Spring listEdit = Spring::withResponse(0.35, 0.8);
+/// The whole list goes.
+inline const Spring listClear = Spring::withResponse(0.4, 0.85);
 
 } // namespace Motion
 

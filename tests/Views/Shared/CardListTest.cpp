@@ -325,6 +325,16 @@ TEST_F(CardListTest, IsAtRestWhenItIsSeenAgainAfterItWasHiddenWhileItMoved) {
     EXPECT_EQ(row(1).y(), 20 + pitch);
 }
 
+TEST_F(CardListTest, ClosesItsRowWhenItIsHidden) {
+    fillWith(10);
+    list->setOpenId(list->ids().at(1));
+    window.hide();
+    EXPECT_EQ(list->openId(), std::nullopt);
+    window.show();
+    EXPECT_FALSE(list->containerOf(1)->isOpen());
+    EXPECT_FALSE(frames.isRunning());
+}
+
 TEST_F(CardListTest, ClosesTheRowThatGoes) {
     fillWith(10);
     list->setOpenId(NumberSource::id(1));

@@ -370,6 +370,15 @@ TEST_F(SwipeActionsContainerTest, OffersItsActionsInAMenu) {
     }
 }
 
+TEST_F(SwipeActionsContainerTest, DoesNotBeginItsMenuOnWhatDestroys) {
+    const ToleratedWarning offscreen(u"This plugin does not support"_s);
+    container->setActions({{.title = u"Delete"_s, .isDestructive = true}});
+    container->setFocus();
+    key(*container, Qt::Key_Menu);
+    ASSERT_TRUE(menu());
+    EXPECT_FALSE(menu()->activeAction());
+}
+
 TEST_F(SwipeActionsContainerTest, ChoosesNothingInItsMenuByTheButtonThatOpenedIt) {
     const ToleratedWarning offscreen(u"This plugin does not support"_s);
     container->openMenu({});

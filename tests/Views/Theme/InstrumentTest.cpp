@@ -61,6 +61,7 @@ TEST(InstrumentMotion, HasTheSpringsOfTheWindow) {
     EXPECT_EQ(Motion::scene, Spring::withResponse(0.5, 0.82));
     EXPECT_EQ(Motion::swipeSettle, Spring::withResponse(0.34, 0.82));
     EXPECT_EQ(Motion::listEdit, Spring::withResponse(0.35, 0.8));
+    EXPECT_EQ(Motion::listClear, Spring::withResponse(0.4, 0.85));
 }
 
 } // namespace
