@@ -89,7 +89,7 @@ void CardRows::collect(bool evenIfSeen) {
     const auto stays = [evenIfSeen](const auto& row) {
         return !evenIfSeen && row->presence.isMoving();
     };
-    const auto firstGone = std::ranges::stable_partition(m_leaving, stays).begin();
+    const auto firstGone = std::stable_partition(m_leaving.begin(), m_leaving.end(), stays);
     std::vector<std::unique_ptr<CardRow>> gone(std::make_move_iterator(firstGone),
                                                std::make_move_iterator(m_leaving.end()));
     m_leaving.erase(firstGone, m_leaving.end());
