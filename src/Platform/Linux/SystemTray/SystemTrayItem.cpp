@@ -24,6 +24,10 @@ constexpr auto restBeforeToolTip = 600ms;
 /// tray that has only just started may dock a window and forget to show itself.
 constexpr auto patience = 2s;
 constexpr int mostAttempts = 3;
+/// How long a tray may take to give a size before it is reminded, and how often that is done: one
+/// that is laying itself out may forget what it is asked meanwhile, and square ones never give it.
+constexpr auto answerTime = 500ms;
+constexpr int mostReminders = 3;
 
 } // namespace
 
@@ -41,6 +45,9 @@ SystemTrayItem::SystemTrayItem(std::shared_ptr<TrayConnection> connection, const
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
     QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] { enterTray(); });
+    m_answer.setSingleShot(true);
+    m_answer.setInterval(answerTime);
+    QObject::connect(&m_answer, &QTimer::timeout, &m_answer, [this] { remindOfSize(); });
     m_trays = m_connection->observe({.managerChanged = [this] { enterNewTray(); }});
     enterNewTray();
 }
@@ -59,6 +66,7 @@ void SystemTrayItem::enterTray() {
     hover(false);
     m_window.reset();
     m_patience.stop();
+    m_answer.stop();
     if (m_connection->manager() == XCB_NONE || m_attempts == mostAttempts)
         return;
     m_window = std::make_unique<TrayWindow>(
@@ -73,6 +81,21 @@ void SystemTrayItem::enterTray() {
     m_offeredInk = m_window->offeredInk();
     if (++m_attempts < mostAttempts)
         m_patience.start();
+    awaitSize();
+}
+
+void SystemTrayItem::awaitSize() {
+    m_reminders = 0;
+    m_answer.start();
+}
+
+void SystemTrayItem::remindOfSize() {
+    const double missing = grantedSize().width() - m_content.length;
+    if (!m_window || std::abs(missing) <= slack || m_reminders == mostReminders)
+        return;
+    ++m_reminders;
+    m_window->askForSize(wantedSize());
+    m_answer.start();
 }
 
 /// Not from within the window's own event. A tray that merely let go of it has it back then.
@@ -126,8 +149,10 @@ void SystemTrayItem::show(const StatusItemContent& content) {
     const StatusItemContent former = std::exchange(m_content, content);
     if (!m_window)
         return;
-    if (content.length != former.length)
+    if (content.length != former.length) {
         m_window->askForSize(wantedSize());
+        awaitSize();
+    }
     if (content.accessibleLabel != former.accessibleLabel)
         m_window->setName(content.accessibleLabel);
     if (content.toolTip != former.toolTip && m_isToolTipShown)

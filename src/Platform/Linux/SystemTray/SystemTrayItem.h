@@ -55,6 +55,8 @@ private:
     QSizeF grantedSize() const;
     bool hasRoomForLabel() const;
     StatusItemContent fitting() const;
+    void awaitSize();
+    void remindOfSize();
     void measure();
     void paint();
     void hover(bool isInside);
@@ -69,7 +71,9 @@ private:
     double m_toldThickness;
     QTimer m_patience;  ///< runs until the tray shows the item
     int m_attempts = 0; ///< to get into this tray
-    QTimer m_rest;      ///< runs while the pointer is about to have rested on the item
+    QTimer m_answer;    ///< runs until the tray ought to have given the size
+    int m_reminders = 0;
+    QTimer m_rest; ///< runs while the pointer is about to have rested on the item
     bool m_isToolTipShown = false;
     bool m_isMoveUntold = false;
     ObserverList<Observer> m_observers;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace tolvar::test {
 
@@ -115,7 +116,7 @@ void FakeTray::dock(xcb_window_t window) {
 }
 
 void FakeTray::configure(const xcb_configure_request_event_t& request) {
-    if (m_look.widths == Widths::refused)
+    if (m_look.widths == Widths::refused || std::exchange(m_forgetsASize, false))
         return;
     const std::uint32_t values[] = {request.width, static_cast<std::uint32_t>(m_thickness)};
     xcb_configure_window(m_server->get(), request.window,

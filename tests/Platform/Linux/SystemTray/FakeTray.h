@@ -45,6 +45,8 @@ public:
     QSize iconSize() const;
     /// Whether the icon says that it wants to be shown (_XEMBED_INFO).
     bool iconWantsToBeMapped() const;
+    /// The next wish for a size is lost.
+    void forgetASize() { m_forgetsASize = true; }
     /// From now on it docks and does not show.
     void hideIcons() { m_showsIcons = false; }
     /// Throws the icon out, onto the root window.
@@ -74,6 +76,7 @@ private:
     int m_thickness = thickness;
     int m_docks = 0;
     bool m_showsIcons = true;
+    bool m_forgetsASize = false;
 };
 
 } // namespace tolvar::test

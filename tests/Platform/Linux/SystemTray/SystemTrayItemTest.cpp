@@ -68,6 +68,14 @@ TEST_F(SystemTrayItemTest, IsAsWideAsTheTrayLetsItBe) {
     EXPECT_EQ(tray->iconSize(), QSize(60, 24));
 }
 
+TEST_F(SystemTrayItemTest, RemindsATrayThatForgotTheSize) {
+    openTray();
+    appear();
+    tray->forgetASize();
+    item->show(countdown(60));
+    EXPECT_TRUE(becomes([&] { return painted.back().size == QSizeF(60, 24); }));
+}
+
 TEST_F(SystemTrayItemTest, ShowsTheCastleAloneWhereItStaysSquare) {
     openTray({.widths = FakeTray::Widths::refused});
     appear();
