@@ -73,10 +73,14 @@ std::string listCommand() {
 }
 
 std::string blankCommand(const std::vector<qint64>& tabs) {
-    std::string numbers;
-    for (const qint64 tab : tabs)
-        numbers += (numbers.empty() ? "" : ",") + std::to_string(tab);
-    return R"({"command":"blank","tabs":[)" + numbers + "]}";
+    std::string command = R"({"command":"blank","tabs":[)";
+    for (const qint64 tab : tabs) {
+        command += std::to_string(tab);
+        command += ',';
+    }
+    if (!tabs.empty())
+        command.pop_back();
+    return command += "]}";
 }
 
 ActiveTab activeTab(const ShownTab& shown) {
