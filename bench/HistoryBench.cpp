@@ -39,7 +39,7 @@ public:
     }
     CardList& list() {
         for (auto* list : m_view->findChildren<CardList*>())
-            if (list->ids().size() > 0)
+            if (!list->ids().empty())
                 return *list;
         std::abort();
     }
