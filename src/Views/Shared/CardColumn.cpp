@@ -8,14 +8,14 @@ namespace tolvar {
 void CardColumn::setIds(std::vector<QUuid> ids) {
     m_rows.clear();
     m_rows.reserve(static_cast<qsizetype>(ids.size()));
-    m_ids.clear();
-    m_ids.reserve(ids.size());
-    for (const QUuid& id : ids) {
-        if (m_rows.contains(id))
-            continue;
-        m_rows.insert(id, count());
-        m_ids.push_back(id);
-    }
+    m_ids = std::move(ids);
+    int row = 0;
+    std::erase_if(m_ids, [&](const QUuid& id) {
+        const bool isKnown = m_rows.contains(id);
+        if (!isKnown)
+            m_rows.insert(id, row++);
+        return isKnown;
+    });
 }
 
 int CardColumn::height() const {
